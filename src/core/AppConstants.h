@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QString>
+
+namespace lanzhou {
+
+// The shared constants set at start-up.
+struct AppConstants
+{
+    static QString version() { return QStringLiteral("2.0"); }
+    static QString title() { return QStringLiteral("岚舟云记账软件"); }
+    static QString settingsTag() { return QStringLiteral("FR"); }
+    static QString versionText() { return settingsTag() + version(); }
+    // Application name under which the local settings are kept.
+    static QString settingsApp() { return QStringLiteral("岚舟云记账"); }
+    static constexpr qint16 maxLedgers = 1000;
+    static QString programFolder(const QString& applicationDir);
+};
+
+} // namespace lanzhou

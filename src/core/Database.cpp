@@ -1,0 +1,168 @@
+#include "Database.h"
+
+#include "ServerDialect.h"
+#include "TextUtils.h"
+#include "WaitCursor.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSqlDatabase>
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QSqlRecord>
+
+namespace lanzhou {
+
+namespace {
+
+// The text form of one field: NULL reads as "", dates in the form the date parser reads back.
+QString fieldText(const QVariant& value)
+{
+    if (value.isNull())
+        return QString();
+    switch (value.typeId()) {
+    case QMetaType::QDateTime:
+        return value.toDateTime().toString(QStringLiteral("yyyy-MM-dd hh:mm:ss"));
+    case QMetaType::QDate:
+        return value.toDate().toString(QStringLiteral("yyyy-MM-dd"));
+    case QMetaType::Double:
+    case QMetaType::Float:
+        return GeneralNumberText(value.toDouble());
+    default:
+        return value.toString();
+    }
+}
+
+bool runScript(QSqlDatabase& db, const QString& resource)
+{
+    QFile file(resource);
+    if (!file.open(QIODevice::ReadOnly))
+        return false;
+    const QStringList statements = QString::fromUtf8(file.readAll()).split(QLatin1Char(';'));
+    QSqlQuery query(db);
+    for (const QString& statement : statements) {
+        if (statement.trimmed().isEmpty())
+            continue;
+        if (!query.exec(statement))
+            return false;
+    }
+    return true;
+}
+
+} // namespace
+
+Database::Database(DbConfig config) : m_config(std::move(config)) {}
+
+Database::StatementKind Database::classify(const QString& statement)
+{
+    const QString upper = TrimBlanks(statement.toUpper());
+    if (upper.size() < 7)
+        return StatementKind::Unknown;
+    const QStringView head = QStringView(upper).left(7);
+    if (head == QLatin1String("SELECT "))
+        return StatementKind::Select;
+    if (head == QLatin1String("DELETE ") || head == QLatin1String("UPDATE ") ||
+        head == QLatin1String("INSERT "))
+        return StatementKind::Write;
+    return StatementKind::Unknown;
+}
+
+QString Database::RunQuery(const QString& statement)
+{
+    return run(statement, true);
+}
+
+QString Database::RunScalar(const QString& statement)
+{
+    return run(statement, false);
+}
+
+// The embedded file is created with its schema, in WAL mode, the first time it is used.
+bool Database::ensureEmbeddedFile(const QString& path) const
+{
+    if (QFileInfo::exists(path))
+        return true;
+    QDir().mkpath(QFileInfo(path).absolutePath());
+    const QString name = QStringLiteral("lanzhou-schema");
+    bool ok = false;
+    {
+        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name);
+        db.setDatabaseName(path);
+        if (db.open()) {
+            QSqlQuery(db).exec(QStringLiteral("PRAGMA journal_mode=WAL"));
+            ok = runScript(db, QStringLiteral(":/schema/sqlite.sql"));
+            db.close();
+        }
+    }
+    QSqlDatabase::removeDatabase(name);
+    if (!ok)
+        QFile::remove(path);
+    return ok;
+}
+
+QString Database::run(const QString& statement, bool fillGrid)
+{
+    // The plain parameters live only in this call.
+    PlainConnection params{m_config.server.plain(),   m_config.user.plain(), m_config.password.plain(),
+                           m_config.database.plain(), m_config.port,         m_config.odbcDriver};
+    const WaitCursor hourglass;
+    const StatementKind kind = classify(statement);
+    if (kind == StatementKind::Unknown)
+        return QString();
+    if (m_config.kind == ServerKind::Sqlite && !ensureEmbeddedFile(params.server))
+        return QString();
+
+    const auto dialect = ServerDialect::create(m_config);
+    const QString connectionName = QStringLiteral("lanzhou-%1").arg(++m_connectionCounter);
+    QString result;
+    {
+        QSqlDatabase db = QSqlDatabase::addDatabase(dialect->qtDriver(), connectionName);
+        dialect->configure(db, params);
+        if (db.open()) {
+            QSqlQuery query(db);
+            query.setForwardOnly(true);
+            query.setNumericalPrecisionPolicy(QSql::HighPrecision);
+            const QString sql = dialect->rewrite(statement);
+            if (kind == StatementKind::Write) {
+                if (query.exec(sql))
+                    result = QStringLiteral("OK");
+            } else if (query.exec(sql) && query.isSelect()) {
+                if (fillGrid) {
+                    const QSqlRecord record = query.record();
+                    QStringList names;
+                    for (int j = 0; j < record.count(); ++j)
+                        names.append(record.fieldName(j));
+                    m_grid.reset(names);
+                    int rows = 0;
+                    while (query.next()) {
+                        QStringList row;
+                        row.reserve(record.count());
+                        for (int j = 0; j < record.count(); ++j)
+                            row.append(fieldText(query.value(j)));
+                        m_grid.appendRow(std::move(row));
+                        ++rows;
+                    }
+                    // A connection dropped mid-read is a failure, not a short result.
+                    if (query.lastError().isValid())
+                        m_grid.clear();
+                    else
+                        result = QString::number(rows);
+                } else {
+                    result = query.next() ? fieldText(query.value(0)) : QString();
+                    if (query.lastError().isValid())
+                        result.clear();
+                }
+            } else if (fillGrid) {
+                m_grid.clear();
+            }
+            query.finish();
+            db.close();
+        }
+    }
+    QSqlDatabase::removeDatabase(connectionName);
+    return result;
+}
+
+} // namespace lanzhou

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "DbConfig.h"
+#include "ResultGrid.h"
+
+#include <QString>
+
+namespace lanzhou {
+
+// The two query runners. Each call opens a fresh connection, runs one statement, closes it and
+// answers "OK" for a write, the row count (RunQuery) or first value (RunScalar) for a read, and the
+// empty text on any failure. They never show a message: the caller decides what to say.
+class Database
+{
+public:
+    explicit Database(DbConfig config);
+
+    QString RunQuery(const QString& statement);
+    QString RunScalar(const QString& statement);
+
+    const ResultGrid& grid() const { return m_grid; }
+    const DbConfig& config() const { return m_config; }
+
+    enum class StatementKind { Unknown, Select, Write };
+    // Upper-cased, blank-trimmed copy; its first 7 characters must be a keyword and one blank.
+    static StatementKind classify(const QString& statement);
+
+private:
+    QString run(const QString& statement, bool fillGrid);
+    bool ensureEmbeddedFile(const QString& path) const;
+
+    DbConfig m_config;
+    ResultGrid m_grid;
+    quint64 m_connectionCounter = 0;
+};
+
+} // namespace lanzhou

@@ -1,0 +1,83 @@
+#include "QtDialogs.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QMessageBox>
+
+namespace lanzhou {
+
+namespace {
+
+QMessageBox::Icon toQt(DialogIcon icon)
+{
+    switch (icon) {
+    case DialogIcon::Information:
+        return QMessageBox::Information;
+    case DialogIcon::Question:
+        return QMessageBox::Question;
+    case DialogIcon::Warning:
+        return QMessageBox::Warning;
+    case DialogIcon::Critical:
+        return QMessageBox::Critical;
+    case DialogIcon::None:
+        break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+QMessageBox::StandardButton toQt(DialogAnswer answer)
+{
+    switch (answer) {
+    case DialogAnswer::Ok:
+        return QMessageBox::Ok;
+    case DialogAnswer::Cancel:
+        return QMessageBox::Cancel;
+    case DialogAnswer::Yes:
+        return QMessageBox::Yes;
+    case DialogAnswer::No:
+        return QMessageBox::No;
+    }
+    return QMessageBox::NoButton;
+}
+
+} // namespace
+
+DialogAnswer QtDialogs::show(const QString& text, const QString& title, DialogIcon icon,
+                             DialogButtons buttons, DialogAnswer defaultAnswer)
+{
+    QMessageBox::StandardButtons qtButtons = QMessageBox::Ok;
+    if (buttons == DialogButtons::YesNo)
+        qtButtons = QMessageBox::Yes | QMessageBox::No;
+    else if (buttons == DialogButtons::OkCancel)
+        qtButtons = QMessageBox::Ok | QMessageBox::Cancel;
+
+    QMessageBox box(toQt(icon), title, text, qtButtons, QApplication::activeWindow());
+    box.setDefaultButton(toQt(defaultAnswer));
+    switch (box.exec()) {
+    case QMessageBox::Yes:
+        return DialogAnswer::Yes;
+    case QMessageBox::No:
+        return DialogAnswer::No;
+    case QMessageBox::Cancel:
+        return DialogAnswer::Cancel;
+    default:
+        return buttons == DialogButtons::YesNo ? DialogAnswer::No : DialogAnswer::Ok;
+    }
+}
+
+QString QtDialogs::inputText(const QString& prompt, const QString& title, const QString& initial)
+{
+    bool ok = false;
+    const QString text =
+        QInputDialog::getText(QApplication::activeWindow(), title, prompt, QLineEdit::Normal, initial, &ok);
+    return ok ? text : QString();
+}
+
+QString QtDialogs::saveFileName(const QString& title, const QString& folder, const QString& filter)
+{
+    return QFileDialog::getSaveFileName(QApplication::activeWindow(), title, folder, filter, nullptr,
+                                        QFileDialog::DontConfirmOverwrite);
+}
+
+} // namespace lanzhou

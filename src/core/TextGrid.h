@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QFont>
+#include <QFontMetricsF>
+#include <QString>
+
+namespace lanzhou {
+
+// Builds the cells of the text tables that the journal and the reports draw in their lists:
+// widths in twips, measured with the list's font, cells closed by "│", rules of "─".
+class TextGrid
+{
+public:
+    enum Junction { Top = 0, Middle = 1, Bottom = 2 };
+
+    explicit TextGrid(const QFont& font);
+
+    // The CJK monospace font the lists use, so that the bars line up.
+    static QFont listFont();
+
+    double widthTwips(const QString& text) const;
+    // Left-aligned, clipped to the width, padded with blanks, closed by a bar.
+    QString textCell(const QString& text, int width) const;
+    // FormatQuantity of the value, right-aligned in the width, never clipped, closed by a bar.
+    QString numberCell(double value, int width = 1000) const;
+    // "─" up to the width, then the junction glyph.
+    QString ruleSegment(Junction junction, int width) const;
+
+private:
+    QFontMetricsF m_metrics;
+    double m_twipsPerPixel;
+};
+
+} // namespace lanzhou

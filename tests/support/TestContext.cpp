@@ -1,0 +1,168 @@
+#include "TestContext.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QSqlDatabase>
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QTest>
+#include <QUrl>
+
+namespace lanzhou::test {
+
+namespace {
+
+QString postgresBase()
+{
+    const QString base = qEnvironmentVariable("LANZHOU_TEST_POSTGRES");
+    if (base.isEmpty())
+        qFatal("LANZHOU_TEST_POSTGRES is not set: run the tests with tools/run-tests.sh, which starts "
+               "the test server");
+    return base;
+}
+
+// One database per test program on the shared test server, so that programs may run side by side.
+QString testDatabaseName()
+{
+    QString name = QCoreApplication::applicationName().toLower();
+    for (QChar& c : name)
+        if (!c.isLetterOrNumber())
+            c = QLatin1Char('_');
+    return QStringLiteral("lz_") + name;
+}
+
+void failOnUnexpected(const QString& what)
+{
+    QTest::qFail(qPrintable(what), __FILE__, __LINE__);
+}
+
+// Creates the program's database on the test server when missing, with the schema, and empties it.
+void preparePostgres(const QUrl& base, const QString& dbName)
+{
+    static bool created = false;
+    const auto connect = [&](const QString& connection, const QString& database) {
+        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QPSQL"), connection);
+        db.setHostName(base.host());
+        db.setPort(base.port(5432));
+        db.setUserName(base.userName());
+        db.setPassword(base.password());
+        db.setDatabaseName(database);
+        if (!db.open())
+            qFatal("test server unreachable: %s", qPrintable(db.lastError().text()));
+        return db;
+    };
+    if (!created) {
+        {
+            QSqlDatabase admin = connect(QStringLiteral("lz-admin"), QStringLiteral("postgres"));
+            QSqlQuery q(admin);
+            q.exec(QStringLiteral("select 1 from pg_database where datname='%1'").arg(dbName));
+            if (!q.next())
+                QSqlQuery(admin).exec(QStringLiteral("create database %1").arg(dbName));
+        }
+        QSqlDatabase::removeDatabase(QStringLiteral("lz-admin"));
+    }
+    {
+        QSqlDatabase db = connect(QStringLiteral("lz-prepare"), dbName);
+        QSqlQuery q(db);
+        if (!created) {
+            QFile file(QStringLiteral(":/schema/postgresql.sql"));
+            file.open(QIODevice::ReadOnly);
+            for (const QString& statement : QString::fromUtf8(file.readAll()).split(QLatin1Char(';')))
+                if (!statement.trimmed().isEmpty() && !q.exec(statement))
+                    qFatal("schema: %s", qPrintable(q.lastError().text()));
+            created = true;
+        }
+        q.exec(QStringLiteral("truncate Zhang, UsrLst, ZbLst"));
+    }
+    QSqlDatabase::removeDatabase(QStringLiteral("lz-prepare"));
+}
+
+DbConfig configFor(const QString& backend, const QString& folder)
+{
+    if (backend == QLatin1String("sqlite"))
+        return DbConfig::embedded(folder);
+    QUrl url(postgresBase());
+    const QString dbName = testDatabaseName();
+    preparePostgres(url, dbName);
+    url.setPath(QLatin1Char('/') + dbName);
+    if (backend == QLatin1String("odbc"))
+        url.setScheme(QStringLiteral("odbc+postgresql"));
+    DbConfig config;
+    QString error;
+    if (!DbConfig::fromAddress(url.toString(), &config, &error))
+        qFatal("%s", qPrintable(error));
+    return config;
+}
+
+} // namespace
+
+QStringList backends(bool withOdbc)
+{
+    QStringList names{QStringLiteral("sqlite"), QStringLiteral("postgresql")};
+    if (withOdbc)
+        names.append(QStringLiteral("odbc"));
+    return names;
+}
+
+void addBackendRows(bool withOdbc)
+{
+    QTest::addColumn<QString>("backend");
+    for (const QString& name : backends(withOdbc))
+        QTest::newRow(qPrintable(name)) << name;
+}
+
+TestContext::TestContext(const QString& backend)
+    : backendName(backend), dialogs(failOnUnexpected),
+      clock(QDate(2026, 11, 15), QTime(9, 5, 30, 250)), settings(dir.path() + QStringLiteral("/settings"))
+{
+    db = std::make_unique<Database>(configFor(backend, dir.path()));
+}
+
+QString TestContext::exec(const QString& sql)
+{
+    const QString result = db->RunQuery(sql);
+    if (result.isEmpty())
+        QTest::qFail(qPrintable(QStringLiteral("fixture statement failed: ") + sql), __FILE__, __LINE__);
+    return result;
+}
+
+QList<QStringList> TestContext::rows(const QString& sql)
+{
+    QList<QStringList> out;
+    const int count = exec(sql).toInt();
+    for (int i = 1; i <= count; ++i) {
+        QStringList row;
+        for (int j = 0; j < db->grid().fieldCount(); ++j)
+            row.append(db->grid().cell(i, j));
+        out.append(row);
+    }
+    return out;
+}
+
+void TestContext::openLedger(const QString& id, const QString& name, const QString& item,
+                             const QString& quantity, const QString& op)
+{
+    exec(QStringLiteral("insert into Zblst (ZBid,ZbNm,Item,SL,Bz,BgDate,NdDate,MB,SalesMan,Msg) values "
+                        "('%1','%2','%3','%4','自已注册','2026-11-15','','','','您好！')")
+             .arg(id, name, item, quantity));
+    exec(QStringLiteral("insert into UsrLst (ZBID,Usr,PWD) values ('%1','%2','')").arg(id, op));
+    session.ledgerId = id;
+    session.ledgerName = name;
+    session.itemLabel = item;
+    session.quantityLabel = quantity;
+    session.operatorName = op;
+    session.operators = {op};
+    session.setRights(QString());
+}
+
+DbConfig unreachableConfig(const QString& backend)
+{
+    DbConfig config;
+    QString error;
+    const QString scheme = backend == QLatin1String("odbc") ? QStringLiteral("odbc+postgresql")
+                                                            : QStringLiteral("postgresql");
+    DbConfig::fromAddress(scheme + QStringLiteral("://nobody:secret@127.0.0.1:1/none"), &config, &error);
+    return config;
+}
+
+} // namespace lanzhou::test

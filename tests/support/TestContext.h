@@ -1,0 +1,55 @@
+#pragma once
+
+#include "AppContext.h"
+#include "Clock.h"
+#include "Database.h"
+#include "ScriptedDialogs.h"
+#include "Session.h"
+#include "Settings.h"
+#include "Shell.h"
+
+#include <QStringList>
+#include <QTemporaryDir>
+
+#include <memory>
+
+namespace lanzhou::test {
+
+// The backends a server-dependent test runs on. "postgresql" and "odbc" use the throwaway server
+// whose address the test command puts in LANZHOU_TEST_POSTGRES; each test program gets its own
+// database there, emptied when a context is made.
+QStringList backends(bool withOdbc = false);
+// Adds one data row per backend, with a QString column "backend".
+void addBackendRows(bool withOdbc = false);
+
+// Everything a window needs, on a fresh ledger database, with scripted dialogs, a recording shell,
+// a fixed clock (2026-11-15 09:05:30.25) and settings in a temporary folder.
+class TestContext
+{
+public:
+    explicit TestContext(const QString& backend = QStringLiteral("sqlite"));
+
+    AppContext context() { return {session, *db, dialogs, shell, clock, settings}; }
+    // Runs a fixture statement and fails the test when it does not succeed.
+    QString exec(const QString& sql);
+    // All rows of a fixture read, data rows only, each row's fields in order.
+    QList<QStringList> rows(const QString& sql);
+    // Adds a ledger row and opens it in the session with all rights, as after a login.
+    void openLedger(const QString& id, const QString& name, const QString& item = QStringLiteral("物品"),
+                    const QString& quantity = QStringLiteral("存量"),
+                    const QString& op = QStringLiteral("管理员"));
+
+    QString backendName;
+    QTemporaryDir dir;
+    Session session;
+    std::unique_ptr<Database> db;
+    ScriptedDialogs dialogs;
+    RecordingShell shell;
+    FixedClock clock;
+    Settings settings;
+};
+
+// The address of a database that is down: nothing listens on the port.
+DbConfig unreachableConfig(const QString& backend);
+
+} // namespace lanzhou::test
