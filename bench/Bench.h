@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QElapsedTimer>
+#include <QList>
+#include <QString>
+
+#include <algorithm>
+#include <functional>
+#include <map>
+
+namespace lanzhou::bench {
+
+// A benchmark prints its own figures; it receives the backends to run on ("sqlite", "postgresql", ...).
+using BenchFunction = std::function<void(const QStringList& backends)>;
+
+inline std::map<QString, BenchFunction>& registry()
+{
+    static std::map<QString, BenchFunction> benches;
+    return benches;
+}
+
+struct Register
+{
+    Register(const QString& name, BenchFunction fn) { registry()[name] = std::move(fn); }
+};
+
+// Median of `runs` timings of fn, in milliseconds.
+inline double medianMs(int runs, const std::function<void()>& fn)
+{
+    QList<double> times;
+    for (int i = 0; i < runs; ++i) {
+        QElapsedTimer timer;
+        timer.start();
+        fn();
+        times.append(timer.nsecsElapsed() / 1e6);
+    }
+    std::sort(times.begin(), times.end());
+    return times.at(times.size() / 2);
+}
+
+// Peak resident memory of this process so far, in MiB (VmHWM).
+double peakMemoryMiB();
+// Resets the peak so that the next reading covers only what follows.
+void resetPeakMemory();
+
+} // namespace lanzhou::bench

@@ -1,0 +1,36 @@
+#include "Bench.h"
+#include "LedgerGenerator.h"
+
+#include <cstdio>
+
+namespace lanzhou::bench {
+
+namespace {
+
+// One RunScalar, and one RunQuery that reads 1,000 rows, each on a fresh connection.
+void runners(const QStringList& backends)
+{
+    QStringList all = backends;
+    all.append(QStringLiteral("odbc"));
+    for (const QString& backend : all) {
+        test::TestContext t(backend);
+        generateLedger(t, {QStringLiteral("13800000000"), 1000, 50, 2026});
+        Database& db = *t.db;
+        const double scalar = medianMs(200, [&] {
+            db.RunScalar(QStringLiteral("select ZBNM  from zblst Where ZBID='13800000000'"));
+        });
+        const double query = medianMs(50, [&] {
+            if (db.RunQuery(QStringLiteral("select id ,usr,tm,item,sl,bz  from Zhang Where ZBID='13800000000'")) !=
+                QLatin1String("1000"))
+                qFatal("unexpected row count");
+        });
+        std::printf("%-11s RunScalar median %.3f ms   RunQuery(1000 rows) median %.3f ms\n",
+                    qPrintable(backend), scalar, query);
+    }
+}
+
+const Register reg(QStringLiteral("runners"), runners);
+
+} // namespace
+
+} // namespace lanzhou::bench

@@ -1,0 +1,54 @@
+#include "LedgerGenerator.h"
+
+#include "ServerDialect.h"
+
+#include <QRandomGenerator>
+#include <QSqlDatabase>
+#include <QSqlError>
+#include <QSqlQuery>
+
+#include <cstdio>
+
+namespace lanzhou::bench {
+
+void generateLedger(test::TestContext& t, const LedgerShape& shape)
+{
+    t.openLedger(shape.ledgerId, QStringLiteral("基准账本"));
+    const auto dialect = ServerDialect::create(t.db->config());
+    const DbConfig& c = t.db->config();
+    PlainConnection params{c.server.plain(), c.user.plain(), c.password.plain(), c.database.plain(),
+                           c.port, c.odbcDriver};
+    {
+        QSqlDatabase db = QSqlDatabase::addDatabase(dialect->qtDriver(), QStringLiteral("bench-generator"));
+        dialect->configure(db, params);
+        if (!db.open())
+            qFatal("generator: %s", qPrintable(db.lastError().text()));
+        db.transaction();
+        QSqlQuery insert(db);
+        insert.prepare(QStringLiteral("insert into Zhang (ZBID,USR,TM,ID,ITEM,SL,BZ) values (?,?,?,?,?,?,?)"));
+        QRandomGenerator random(20261115);
+        const QDateTime start(QDate(shape.year, 1, 1), QTime(0, 0));
+        for (int i = 0; i < shape.entries; ++i) {
+            const QDateTime when = start.addSecs(qint64(random.bounded(365 * 24 * 3600)));
+            const int item = random.bounded(shape.items);
+            const int amount = random.bounded(1, 200);
+            insert.addBindValue(shape.ledgerId);
+            insert.addBindValue(QStringLiteral("管理员"));
+            insert.addBindValue(when.toString(QStringLiteral("yyyy-MM-dd hh:mm")));
+            insert.addBindValue(QStringLiteral("B%1").arg(i, 11, 10, QLatin1Char('0')));
+            insert.addBindValue(QStringLiteral("物品%1").arg(item, 4, 10, QLatin1Char('0')));
+            insert.addBindValue(random.bounded(3) == 0 ? -amount : amount);
+            insert.addBindValue(i % 7 == 0 ? QStringLiteral("备注") : QString(QLatin1String("")));
+            if (!insert.exec())
+                qFatal("generator: %s", qPrintable(insert.lastError().text()));
+        }
+        db.commit();
+        if (dialect->qtDriver() == QLatin1String("QPSQL"))
+            QSqlQuery(db).exec(QStringLiteral("analyze Zhang"));
+    }
+    QSqlDatabase::removeDatabase(QStringLiteral("bench-generator"));
+    std::printf("generated %d entries over %d items on %s\n", shape.entries, shape.items,
+                qPrintable(t.backendName));
+}
+
+} // namespace lanzhou::bench
