@@ -64,6 +64,7 @@ void preparePostgres(const QUrl& base, const QString& dbName)
     {
         QSqlDatabase db = connect(QStringLiteral("lz-prepare"), dbName);
         QSqlQuery q(db);
+        q.exec(QStringLiteral("set client_min_messages = warning"));
         if (!created) {
             QFile file(QStringLiteral(":/schema/postgresql.sql"));
             file.open(QIODevice::ReadOnly);
