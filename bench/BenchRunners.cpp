@@ -16,11 +16,11 @@ void runners(const QStringList& backends)
         test::TestContext t(backend);
         generateLedger(t, {QStringLiteral("13800000000"), 1000, 50, 2026});
         Database& db = *t.db;
-        const double scalar = medianMs(200, [&] {
-            db.RunScalar(QStringLiteral("select ZBNM  from zblst Where ZBID='13800000000'"));
-        });
+        const double scalar = medianMs(
+            200, [&] { db.RunScalar(QStringLiteral("select ZBNM  from zblst Where ZBID='13800000000'")); });
         const double query = medianMs(50, [&] {
-            if (db.RunQuery(QStringLiteral("select id ,usr,tm,item,sl,bz  from Zhang Where ZBID='13800000000'")) !=
+            if (db.RunQuery(
+                    QStringLiteral("select id ,usr,tm,item,sl,bz  from Zhang Where ZBID='13800000000'")) !=
                 QLatin1String("1000"))
                 qFatal("unexpected row count");
         });

@@ -16,8 +16,8 @@ void generateLedger(test::TestContext& t, const LedgerShape& shape)
     t.openLedger(shape.ledgerId, QStringLiteral("基准账本"));
     const auto dialect = ServerDialect::create(t.db->config());
     const DbConfig& c = t.db->config();
-    PlainConnection params{c.server.plain(), c.user.plain(), c.password.plain(), c.database.plain(),
-                           c.port, c.odbcDriver};
+    PlainConnection params{c.server.plain(),   c.user.plain(), c.password.plain(),
+                           c.database.plain(), c.port,         c.odbcDriver};
     {
         QSqlDatabase db = QSqlDatabase::addDatabase(dialect->qtDriver(), QStringLiteral("bench-generator"));
         dialect->configure(db, params);
@@ -25,7 +25,8 @@ void generateLedger(test::TestContext& t, const LedgerShape& shape)
             qFatal("generator: %s", qPrintable(db.lastError().text()));
         db.transaction();
         QSqlQuery insert(db);
-        insert.prepare(QStringLiteral("insert into Zhang (ZBID,USR,TM,ID,ITEM,SL,BZ) values (?,?,?,?,?,?,?)"));
+        insert.prepare(
+            QStringLiteral("insert into Zhang (ZBID,USR,TM,ID,ITEM,SL,BZ) values (?,?,?,?,?,?,?)"));
         QRandomGenerator random(20261115);
         const QDateTime start(QDate(shape.year, 1, 1), QTime(0, 0));
         for (int i = 0; i < shape.entries; ++i) {

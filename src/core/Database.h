@@ -21,7 +21,12 @@ public:
     const ResultGrid& grid() const { return m_grid; }
     const DbConfig& config() const { return m_config; }
 
-    enum class StatementKind { Unknown, Select, Write };
+    enum class StatementKind
+    {
+        Unknown,
+        Select,
+        Write
+    };
     // Upper-cased, blank-trimmed copy; its first 7 characters must be a keyword and one blank.
     static StatementKind classify(const QString& statement);
 

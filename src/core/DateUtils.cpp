@@ -21,8 +21,9 @@ QString FormatDate(const QDate& date)
 QString LocalTimeText(const Clock& clock)
 {
     const QTime now = clock.now();
-    return QStringLiteral("%1:%2").arg(now.hour(), 2, 10, QLatin1Char('0')).arg(now.minute(), 2, 10,
-                                                                                   QLatin1Char('0'));
+    return QStringLiteral("%1:%2")
+        .arg(now.hour(), 2, 10, QLatin1Char('0'))
+        .arg(now.minute(), 2, 10, QLatin1Char('0'));
 }
 
 QDate ParseDate(const QString& text, const QDate& today)

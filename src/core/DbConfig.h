@@ -6,7 +6,12 @@
 
 namespace lanzhou {
 
-enum class ServerKind { Sqlite, PostgreSql, SqlServer };
+enum class ServerKind
+{
+    Sqlite,
+    PostgreSql,
+    SqlServer
+};
 
 // Which ledger database the runners talk to. Written as an address:
 //   sqlite:///path/to/ledgers.db           (the embedded default: empty address)

@@ -4,9 +4,27 @@
 
 namespace lanzhou {
 
-enum class DialogIcon { None, Information, Question, Warning, Critical };
-enum class DialogButtons { Ok, YesNo, OkCancel };
-enum class DialogAnswer { Ok, Cancel, Yes, No };
+enum class DialogIcon
+{
+    None,
+    Information,
+    Question,
+    Warning,
+    Critical
+};
+enum class DialogButtons
+{
+    Ok,
+    YesNo,
+    OkCancel
+};
+enum class DialogAnswer
+{
+    Ok,
+    Cancel,
+    Yes,
+    No
+};
 
 // Every message box, question, input box and save-file dialog of the program goes through here,
 // so that windows can be driven offscreen and their prompts asserted.

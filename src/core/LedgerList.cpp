@@ -10,8 +10,8 @@ void LedgerList::load(const Settings& settings)
     m_entries.clear();
     selected = -1;
     for (int n = 0; n < AppConstants::maxLedgers; ++n) {
-        const QString value =
-            settings.read(AppConstants::settingsApp(), AppConstants::settingsTag(), QString::number(n) + u'Z');
+        const QString value = settings.read(AppConstants::settingsApp(), AppConstants::settingsTag(),
+                                            QString::number(n) + u'Z');
         if (value.isEmpty())
             break;
         const qsizetype hash = value.indexOf(QLatin1Char('#'));
@@ -25,8 +25,7 @@ void LedgerList::save(Settings& settings) const
     const QString app = AppConstants::settingsApp();
     const QString tag = AppConstants::settingsTag();
     for (int i = 0; i < size(); ++i)
-        settings.write(app, tag, QString::number(i) + u'Z',
-                       m_entries.at(i).id + u'#' + m_entries.at(i).name);
+        settings.write(app, tag, QString::number(i) + u'Z', m_entries.at(i).id + u'#' + m_entries.at(i).name);
     settings.write(app, tag, QString::number(size()) + u'Z', QString());
 }
 

@@ -4,8 +4,7 @@ namespace lanzhou {
 
 ScriptedDialogs::ScriptedDialogs(std::function<void(const QString&)> onUnexpected)
     : m_onUnexpected(std::move(onUnexpected))
-{
-}
+{}
 
 DialogAnswer ScriptedDialogs::show(const QString& text, const QString& title, DialogIcon icon,
                                    DialogButtons buttons, DialogAnswer defaultAnswer)

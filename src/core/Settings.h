@@ -14,8 +14,7 @@ public:
     explicit Settings(QString root = QString());
 
     QString read(const QString& application, const QString& section, const QString& key) const;
-    void write(const QString& application, const QString& section, const QString& key,
-               const QString& value);
+    void write(const QString& application, const QString& section, const QString& key, const QString& value);
 
     // The INI file that holds one application's settings (not used on Windows).
     QString iniPath(const QString& application) const;

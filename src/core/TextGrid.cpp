@@ -2,7 +2,7 @@
 
 #include "TextUtils.h"
 
-#include <QFontDatabase>
+#include <QFontInfo>
 #include <QGuiApplication>
 #include <QScreen>
 
@@ -10,59 +10,107 @@ namespace lanzhou {
 
 namespace {
 
-double screenDpi()
+const QChar bar(0x2502);
+const QChar rule(0x2500);
+const QChar blank(QLatin1Char(' '));
+
+// Twips follow the font's point size (one point is 20 twips), so the widths do not move with the
+// screen's pixel rounding: a 9-point em is 180 twips on every screen.
+double twipsPerPixel(const QFont& font)
 {
+    const int pixels = QFontInfo(font).pixelSize();
+    if (font.pointSizeF() > 0 && pixels > 0)
+        return font.pointSizeF() * 20.0 / pixels;
     const QScreen* screen = QGuiApplication::primaryScreen();
-    return screen ? screen->logicalDotsPerInchX() : 96.0;
+    return 1440.0 / (screen ? screen->logicalDotsPerInchX() : 96.0);
 }
 
-const QChar bar(0x2502);
+qsizetype lastCharacterLength(const QString& text)
+{
+    return text.size() > 1 && text.at(text.size() - 1).isLowSurrogate() &&
+                   text.at(text.size() - 2).isHighSurrogate()
+               ? 2
+               : 1;
+}
 
 } // namespace
 
-TextGrid::TextGrid(const QFont& font) : m_metrics(font), m_twipsPerPixel(1440.0 / screenDpi()) {}
+TextGrid::TextGrid(const QFont& font) : m_metrics(font), m_twipsPerPixel(twipsPerPixel(font)) {}
 
 QFont TextGrid::listFont()
 {
+    // At 9 points a half-width character is 90 twips and a full-width one 180, which puts every
+    // bar of the journal's and the reports' cells (890, 1590, 3000, 1000) on the same column as
+    // the junctions of their rule segments (800, 1500, 3000, 1000).
 #ifdef Q_OS_WIN
-    QFont font(QStringLiteral("SimSun"), 10);
+    QFont font(QStringLiteral("SimSun"));
 #else
-    QFont font(QStringLiteral("Noto Sans Mono CJK SC"), 10);
+    QFont font(QStringLiteral("Noto Sans Mono CJK SC"));
 #endif
+    font.setPointSize(9);
     font.setStyleHint(QFont::Monospace);
     return font;
 }
 
-double TextGrid::widthTwips(const QString& text) const
+double TextGrid::advance(QStringView character) const
 {
-    return m_metrics.horizontalAdvance(text) * m_twipsPerPixel;
+    const char32_t key = character.size() == 2 ? QChar::surrogateToUcs4(character.at(0), character.at(1))
+                                               : character.at(0).unicode();
+    const auto known = m_advances.constFind(key);
+    if (known != m_advances.constEnd())
+        return *known;
+    const double width = m_metrics.horizontalAdvance(character.toString()) * m_twipsPerPixel;
+    m_advances.insert(key, width);
+    return width;
+}
+
+double TextGrid::widthTwips(QStringView text) const
+{
+    double width = 0;
+    for (qsizetype i = 0; i < text.size();) {
+        const qsizetype length =
+            text.at(i).isHighSurrogate() && i + 1 < text.size() && text.at(i + 1).isLowSurrogate() ? 2 : 1;
+        width += advance(text.mid(i, length));
+        i += length;
+    }
+    return width;
+}
+
+int TextGrid::fillCount(double from, int width, QStringView filler) const
+{
+    const double step = advance(filler);
+    if (step <= 0)
+        return 0;
+    int count = 0;
+    for (double reached = from; reached < width; reached += step)
+        ++count;
+    return count;
 }
 
 QString TextGrid::textCell(const QString& text, int width) const
 {
     QString cell = text;
-    while (!cell.isEmpty() && widthTwips(cell) > width)
-        cell.chop(cell.size() > 1 && cell.at(cell.size() - 1).isLowSurrogate() ? 2 : 1);
-    while (widthTwips(cell) < width)
-        cell.append(QLatin1Char(' '));
+    double cellWidth = widthTwips(cell);
+    while (!cell.isEmpty() && cellWidth > width) {
+        const qsizetype length = lastCharacterLength(cell);
+        cellWidth -= advance(QStringView(cell).right(length));
+        cell.chop(length);
+    }
+    cell.append(QString(fillCount(cellWidth, width, QStringView(&blank, 1)), blank));
     return cell + bar;
 }
 
 QString TextGrid::numberCell(double value, int width) const
 {
-    QString cell = FormatQuantity(value);
-    while (widthTwips(cell) < width)
-        cell.prepend(QLatin1Char(' '));
-    return cell + bar;
+    const QString number = FormatQuantity(value);
+    const int blanks = fillCount(widthTwips(number), width, QStringView(&blank, 1));
+    return QString(blanks, blank) + number + bar;
 }
 
 QString TextGrid::ruleSegment(Junction junction, int width) const
 {
     static const QChar glyphs[] = {QChar(0x252C), QChar(0x253C), QChar(0x2534)};
-    QString rule;
-    while (widthTwips(rule) < width)
-        rule.append(QChar(0x2500));
-    return rule + glyphs[junction];
+    return QString(fillCount(0, width, QStringView(&rule, 1)), rule) + glyphs[junction];
 }
 
 } // namespace lanzhou

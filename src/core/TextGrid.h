@@ -2,7 +2,9 @@
 
 #include <QFont>
 #include <QFontMetricsF>
+#include <QHash>
 #include <QString>
+#include <QStringView>
 
 namespace lanzhou {
 
@@ -18,7 +20,7 @@ public:
     // The CJK monospace font the lists use, so that the bars line up.
     static QFont listFont();
 
-    double widthTwips(const QString& text) const;
+    double widthTwips(QStringView text) const;
     // Left-aligned, clipped to the width, padded with blanks, closed by a bar.
     QString textCell(const QString& text, int width) const;
     // FormatQuantity of the value, right-aligned in the width, never clipped, closed by a bar.
@@ -27,8 +29,15 @@ public:
     QString ruleSegment(Junction junction, int width) const;
 
 private:
+    // The advance of one character (a surrogate pair counts as one), remembered per character:
+    // the list font is monospace, so a text's width is the sum of its characters' advances.
+    double advance(QStringView character) const;
+    // How many copies of `filler` bring a text of width `from` up to `width`.
+    int fillCount(double from, int width, QStringView filler) const;
+
     QFontMetricsF m_metrics;
     double m_twipsPerPixel;
+    mutable QHash<char32_t, double> m_advances;
 };
 
 } // namespace lanzhou

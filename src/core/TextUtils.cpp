@@ -70,8 +70,7 @@ double NumericValue(const QString& text)
         if (c != QLatin1Char(' ') && c != QLatin1Char('\t') && c != QChar(10) && c != QChar(13))
             s.append(c);
     }
-    static const QRegularExpression number(
-        QStringLiteral("^[+-]?(\\d+\\.?\\d*|\\.\\d+)([eEdD][+-]?\\d+)?"));
+    static const QRegularExpression number(QStringLiteral("^[+-]?(\\d+\\.?\\d*|\\.\\d+)([eEdD][+-]?\\d+)?"));
     const QRegularExpressionMatch m = number.match(s);
     if (!m.hasMatch())
         return 0;
@@ -83,8 +82,7 @@ double NumericValue(const QString& text)
 
 bool IsNumber(const QString& text)
 {
-    static const QRegularExpression number(
-        QStringLiteral("^[+-]?(\\d+\\.?\\d*|\\.\\d+)([eE][+-]?\\d+)?$"));
+    static const QRegularExpression number(QStringLiteral("^[+-]?(\\d+\\.?\\d*|\\.\\d+)([eE][+-]?\\d+)?$"));
     return number.match(text.trimmed()).hasMatch();
 }
 

@@ -45,7 +45,8 @@ private slots:
 
         // Case-insensitive text comparison, as on SQL Server.
         QCOMPARE(db.RunScalar(QStringLiteral("select sum(SL) from Zhang Where Zbid='l1' and Item='螺丝' "
-                                             "group by Zbid,Item")).toDouble(),
+                                             "group by Zbid,Item"))
+                     .toDouble(),
                  7.5);
 
         // An empty result: "0", field names in row 0, no data row.
@@ -57,7 +58,8 @@ private slots:
 
         // NULL reads as the empty text; a scalar with no row is empty too.
         t.exec(QStringLiteral("insert into UsrLst (ZBID,Usr,PWD) values ('L1','管理员','')"));
-        QCOMPARE(db.RunQuery(QStringLiteral("select Pwd,QX from UsrLst where ZBID='L1'")), QStringLiteral("1"));
+        QCOMPARE(db.RunQuery(QStringLiteral("select Pwd,QX from UsrLst where ZBID='L1'")),
+                 QStringLiteral("1"));
         QCOMPARE(db.grid().cell(1, 1), QString());
         QCOMPARE(db.RunScalar(QStringLiteral("select QX from UsrLst where ZBID='L1'")), QString());
 
@@ -138,7 +140,8 @@ private slots:
         QTest::addColumn<QString>("statement");
         QTest::addColumn<QString>("expected");
         QTest::newRow("top") << QStringLiteral("select top 1 tm from zhang where zbid='a' order by tm desc")
-                             << QStringLiteral("select tm from zhang where zbid='a' order by tm desc limit 1");
+                             << QStringLiteral(
+                                    "select tm from zhang where zbid='a' order by tm desc limit 1");
         QTest::newRow("getdate") << QStringLiteral("select Getdate()") << QStringLiteral("select NOW");
         QTest::newRow("untouched") << QStringLiteral("select ID from Zhang where ZBID= like  '%a%'")
                                    << QStringLiteral("select ID from Zhang where ZBID= like  '%a%'");
@@ -154,8 +157,12 @@ private slots:
 
     void connectionStrings()
     {
-        PlainConnection p{QStringLiteral("srv"), QStringLiteral("u"), QStringLiteral("p"),
-                          QStringLiteral("ledgers"), 0, QStringLiteral("SQL Server")};
+        PlainConnection p{QStringLiteral("srv"),
+                          QStringLiteral("u"),
+                          QStringLiteral("p"),
+                          QStringLiteral("ledgers"),
+                          0,
+                          QStringLiteral("SQL Server")};
         QCOMPARE(ServerDialect::odbcConnectionString(p),
                  QStringLiteral("DRIVER=SQL Server;SERVER=srv;UID=u;PWD=p;DATABASE=ledgers"));
         DbConfig c;

@@ -113,8 +113,8 @@ void addBackendRows(bool withOdbc)
 }
 
 TestContext::TestContext(const QString& backend)
-    : backendName(backend), dialogs(failOnUnexpected),
-      clock(QDate(2026, 11, 15), QTime(9, 5, 30, 250)), settings(dir.path() + QStringLiteral("/settings"))
+    : backendName(backend), dialogs(failOnUnexpected), clock(QDate(2026, 11, 15), QTime(9, 5, 30, 250)),
+      settings(dir.path() + QStringLiteral("/settings"))
 {
     db = std::make_unique<Database>(configFor(backend, dir.path()));
 }
@@ -160,8 +160,8 @@ DbConfig unreachableConfig(const QString& backend)
 {
     DbConfig config;
     QString error;
-    const QString scheme = backend == QLatin1String("odbc") ? QStringLiteral("odbc+postgresql")
-                                                            : QStringLiteral("postgresql");
+    const QString scheme =
+        backend == QLatin1String("odbc") ? QStringLiteral("odbc+postgresql") : QStringLiteral("postgresql");
     DbConfig::fromAddress(scheme + QStringLiteral("://nobody:secret@127.0.0.1:1/none"), &config, &error);
     return config;
 }
