@@ -52,7 +52,10 @@ DialogAnswer QtDialogs::show(const QString& text, const QString& title, DialogIc
     else if (buttons == DialogButtons::OkCancel)
         qtButtons = QMessageBox::Ok | QMessageBox::Cancel;
 
-    QMessageBox box(toQt(icon), title, text, qtButtons, QApplication::activeWindow());
+    // Messages end their lines with carriage returns, which a message box would not break at.
+    const QString shown =
+        QString(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
+    QMessageBox box(toQt(icon), title, shown, qtButtons, QApplication::activeWindow());
     box.setDefaultButton(toQt(defaultAnswer));
     switch (box.exec()) {
     case QMessageBox::Yes:
