@@ -1,0 +1,53 @@
+// Start-up: the shared constants, the ledger database, the splash, then the main window.
+#include "AppConstants.h"
+#include "AppContext.h"
+#include "Clock.h"
+#include "Database.h"
+#include "DbConfig.h"
+#include "EventLoop.h"
+#include "Kuang.h"
+#include "QtDialogs.h"
+#include "QtShell.h"
+#include "Session.h"
+#include "Settings.h"
+#include "Start.h"
+
+#include <QApplication>
+#include <QMessageBox>
+
+using namespace lanzhou;
+
+int main(int argc, char** argv)
+{
+    QApplication app(argc, argv);
+    QApplication::setApplicationName(AppConstants::title());
+    QApplication::setApplicationVersion(AppConstants::versionText());
+
+    QString error;
+    const DbConfig config = DbConfig::fromEnvironment(&error);
+    if (!error.isEmpty()) {
+        QMessageBox::critical(nullptr, AppConstants::title(),
+                              QStringLiteral("无法读取账本数据库地址：\n") + error);
+        return 1;
+    }
+
+    Session session;
+    Database db(config);
+    QtDialogs dialogs;
+    QtShell shell;
+    SystemClock clock;
+    Settings settings;
+    AppContext context{session, db, dialogs, shell, clock, settings};
+
+    auto* splash = new Start;
+    splash->setAttribute(Qt::WA_DeleteOnClose);
+    splash->show();
+    YieldEvents(4);
+
+    Kuang kuang(context);
+    kuang.show();
+    YieldEvents(1);
+    splash->close();
+
+    return QApplication::exec();
+}
