@@ -1,0 +1,56 @@
+#include "EntryStatements.h"
+
+#include "TextUtils.h"
+
+namespace lanzhou {
+
+QString EditorEntryId(const QDateTime& entryTime)
+{
+    const int year = entryTime.date().year();
+    // Counted on a plain calendar, without daylight saving.
+    const QDateTime yearStart(QDate(year, 1, 1), QTime(0, 0), Qt::UTC);
+    const QDateTime when(entryTime.date(), entryTime.time(), Qt::UTC);
+    return QString::number(year - 1948) +
+           QStringLiteral("%1").arg(yearStart.secsTo(when), 7, 10, QLatin1Char('0'));
+}
+
+QString TombstoneLedgerId(const QString& op, const QString& ledgerId, const QString& serverDate,
+                          const QString& localTime)
+{
+    return op + QLatin1Char('#') + ledgerId + QLatin1Char('#') + serverDate + QLatin1Char(' ') + localTime;
+}
+
+QString LoadEntryStatement(const QString& ledgerId, const QString& id)
+{
+    return QStringLiteral("select Tm,Item,SL,Bz from Zhang Where ZBID='") + ledgerId +
+           QStringLiteral("' and ID='") + id + QStringLiteral("'");
+}
+
+QString InsertEntryStatement(const QString& ledgerId, const QString& op, const QString& time,
+                             const QString& id, const QString& item, double quantity, const QString& remark)
+{
+    return QStringLiteral("insert into Zhang (ZBID,USR,TM,ID,ITEM,SL,BZ) values ('") + ledgerId +
+           QStringLiteral("','") + op + QStringLiteral("','") + time + QStringLiteral("','") + id +
+           QStringLiteral("','") + item + QStringLiteral("',") + GeneralNumberText(quantity) +
+           QStringLiteral(",'") + remark + QStringLiteral("')");
+}
+
+QString ModifyTombstoneStatement(const QString& tombstone, const QString& ledgerId, const QString& oldId)
+{
+    return QStringLiteral("update Zhang Set ZBID='") + tombstone + QStringLiteral("'  where ZBID='") +
+           ledgerId + QStringLiteral("' and ID='") + oldId + QStringLiteral("'");
+}
+
+QString DeleteTombstoneStatement(const QString& tombstone, const QString& ledgerId, const QString& id)
+{
+    return QStringLiteral("update Zhang Set ZBID='") + tombstone + QStringLiteral("' where ZBID='") +
+           ledgerId + QStringLiteral("' and ID='") + id + QStringLiteral("'");
+}
+
+QString IdCheckStatement(const QString& ledgerId, const QString& id)
+{
+    return QStringLiteral("select ID from Zhang where ZBID= like  '%") + ledgerId +
+           QStringLiteral("%' and ID='") + id + QStringLiteral("'");
+}
+
+} // namespace lanzhou

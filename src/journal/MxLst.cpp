@@ -1,0 +1,228 @@
+#include "MxLst.h"
+
+#include "ui_MxLst.h"
+
+#include "Clock.h"
+#include "Database.h"
+#include "DateUtils.h"
+#include "Dialogs.h"
+#include "EventLoop.h"
+#include "JournalLines.h"
+#include "JournalQuery.h"
+#include "JournalRights.h"
+#include "Session.h"
+#include "TextUtils.h"
+#include "WaitCursor.h"
+
+#include <QCloseEvent>
+#include <QElapsedTimer>
+
+#include <optional>
+
+namespace lanzhou {
+
+MxLst::MxLst(AppContext& context, QWidget* parent)
+    : QWidget(parent), ui(std::make_unique<Ui::MxLst>()), m_context(context), m_grid(TextGrid::listFont())
+{
+    ui->setupUi(this);
+    setWindowTitle(m_context.session.itemLabel + QStringLiteral("流水账"));
+    ui->Lst->setFont(TextGrid::listFont());
+    ui->Lst->setUniformItemSizes(true);
+    ui->Lst2->hide();
+    ui->CmdWait->hide();
+
+    m_start = {ui->Cmb_0, ui->Cmb_1, ui->Cmb_2, ui->Cmb_3, ui->Cmb_4};
+    m_end = {ui->Cmb2_0, ui->Cmb2_1, ui->Cmb2_2, ui->Cmb2_3, ui->Cmb2_4};
+    fillFilters();
+    ClampDayOnChange(m_start);
+    ClampDayOnChange(m_end);
+
+    m_cmd[JournalCmd::Query] = ui->Cmd_0;
+    m_cmd[JournalCmd::Close] = ui->Cmd_2;
+    m_cmd[JournalCmd::LateEntry] = ui->Cmd_3;
+    m_cmd[JournalCmd::Modify] = ui->Cmd_4;
+    m_cmd[JournalCmd::DeleteOne] = ui->Cmd_5;
+    for (int i = 0; i < int(m_cmd.size()); ++i) {
+        if (m_cmd[i])
+            connect(m_cmd[i], &QPushButton::clicked, this, [this, i] { runCommand(i); });
+    }
+    connect(ui->Lst, &QListWidget::itemDoubleClicked, this, [this](QListWidgetItem* item) {
+        if (!ui->Lst2->item(ui->Lst->row(item))->text().isEmpty())
+            runCommand(JournalCmd::Modify);
+    });
+    connect(ui->Lst, &QListWidget::currentRowChanged, this, [this](int row) {
+        if (row >= 0)
+            m_trackedRow = row;
+    });
+}
+
+MxLst::~MxLst() = default;
+
+void MxLst::fillFilters()
+{
+    Session& session = m_context.session;
+    ui->LabItm->setText(session.itemLabel + QStringLiteral("："));
+
+    // The items as the server knows them now; the session's list when the server cannot say.
+    QStringList items;
+    const QString count = m_context.db.RunQuery(QStringLiteral("select  Item from Zhang where Zbid='") +
+                                                session.ledgerId + QStringLiteral("' group by Item"));
+    if (count.isEmpty()) {
+        items = session.items;
+    } else {
+        for (int i = 1; i < m_context.db.grid().rowLimit(); ++i)
+            items.append(m_context.db.grid().cell(i, 0));
+    }
+    items.removeAll(QString());
+    // A ledger without items gets an empty list: there is nothing to list yet.
+    if (!items.isEmpty()) {
+        ui->CmbItm->addItem(QStringLiteral("全部") + session.itemLabel);
+        ui->CmbItm->addItems(items);
+    }
+    ui->CmbItm->setCurrentIndex(items.isEmpty() ? -1 : 0);
+
+    ui->CmbGX1->addItems({QStringLiteral("等于"), QStringLiteral("包含")});
+    ui->CmbSL->addItems({QStringLiteral("增减"), QStringLiteral("增加"), QStringLiteral("减少")});
+    ui->CmbUsr->addItem(QString());
+    ui->CmbUsr->addItems(session.operators);
+    ui->CmbSort->addItems({session.itemLabel, QStringLiteral("时间"), QStringLiteral("数值")});
+
+    const QDate today = ParseDate(session.serverDateText, m_context.clock.today());
+    FillPeriodLists(m_start, today.year());
+    FillPeriodLists(m_end, today.year());
+    SelectPeriod(m_start, today.year(), today.month(), today.day(), 0, 0);
+    SelectPeriod(m_end, today.year(), today.month(), today.day(), 23, 59);
+}
+
+JournalFilter MxLst::currentFilter() const
+{
+    JournalFilter filter;
+    filter.ledgerId = m_context.session.ledgerId;
+    filter.periodStart = PeriodText(m_start);
+    filter.periodEnd = PeriodText(m_end);
+    filter.itemText = ui->CmbItm->currentText();
+    filter.allItemsEntry = QStringLiteral("全部") + m_context.session.itemLabel;
+    filter.itemContains = ui->CmbGX1->currentIndex() == 1;
+    filter.signIndex = ui->CmbSL->currentIndex();
+    filter.remarkText = ui->TxtBZ->text();
+    filter.operatorName = ui->CmbUsr->currentText();
+    filter.sortIndex = ui->CmbSort->currentIndex();
+    return filter;
+}
+
+void MxLst::setBusy(bool busy, const QString& caption)
+{
+    m_busy = busy;
+    ui->CmdWait->setText(caption);
+    ui->CmdWait->setVisible(busy);
+    for (QPushButton* button : m_cmd) {
+        if (button)
+            button->setEnabled(!busy);
+    }
+}
+
+void MxLst::closeEvent(QCloseEvent* event)
+{
+    // The listing loop yields to the window; it must not lose its window meanwhile.
+    if (m_busy)
+        event->ignore();
+    else
+        QWidget::closeEvent(event);
+}
+
+void MxLst::runCommand(int index)
+{
+    // A double-click reaches here too while a listing is being built.
+    if (m_busy)
+        return;
+    const int right = JournalCommandRight(index);
+    if (right > 0 && !m_context.session.hasRight(right)) {
+        m_context.dialogs.inform(Rights::RefusalText());
+        return;
+    }
+    switch (index) {
+    case JournalCmd::Query:
+        runQuery();
+        break;
+    case JournalCmd::Close:
+        close();
+        break;
+    case JournalCmd::LateEntry:
+    case JournalCmd::Modify:
+        openEditor(index);
+        break;
+    case JournalCmd::DeleteOne:
+        deleteSelected();
+        break;
+    default:
+        break;
+    }
+}
+
+void MxLst::runQuery()
+{
+    Dialogs& dialogs = m_context.dialogs;
+    if (ui->CmbItm->count() == 0) {
+        dialogs.inform(QStringLiteral("这个账本还没有录入任何记录，不能进行报表统计！"));
+        return;
+    }
+    const JournalFilter filter = currentFilter();
+    const JournalStatement statement = BuildJournalStatement(filter);
+    m_lastStatement = statement.sql;
+
+    setBusy(true, QStringLiteral("正在读取数据，请稍候……"));
+    std::optional<WaitCursor> hourglass(std::in_place);
+    YieldEvents();
+    Database& db = m_context.db;
+    const QString count = db.RunQuery(statement.sql);
+    if (NumericValue(count) <= 0) {
+        hourglass.reset();
+        setBusy(false);
+        // Nothing matches: the old listing goes. A failed read leaves it for a retry.
+        if (!count.isEmpty())
+            clearListing();
+        dialogs.inform(QStringLiteral("没有符合条件的数据！"));
+        return;
+    }
+
+    // A copy, so that a read by another window while this one yields cannot change the rows.
+    const ResultGrid rows = db.grid();
+    clearListing();
+    JournalLines lines(m_grid, m_context.session.itemLabel, m_context.session.quantityLabel,
+                       statement.balanceMode);
+    // The caption follows every row; the window repaints it at most every 50 ms, since a repaint
+    // per row would cost more than building the listing.
+    QElapsedTimer sinceRepaint;
+    FillJournal(lines, rows, db, filter.ledgerId, filter.periodStart, [&](const QString& caption) {
+        ui->CmdWait->setText(caption);
+        if (!sinceRepaint.isValid() || sinceRepaint.elapsed() >= 50) {
+            YieldEvents();
+            sinceRepaint.start();
+        }
+    });
+    showListing(lines);
+    hourglass.reset();
+    setBusy(false);
+}
+
+void MxLst::clearListing()
+{
+    ui->Lst->clear();
+    ui->Lst2->clear();
+}
+
+void MxLst::showListing(const JournalLines& lines)
+{
+    ui->Lst->addItems(lines.lines());
+    ui->Lst2->addItems(lines.ids());
+}
+
+QString MxLst::selectedEntryId() const
+{
+    const int row = ui->Lst->currentRow();
+    if (row < 0 || !ui->Lst->item(row)->isSelected())
+        return QString();
+    return ui->Lst2->item(row)->text();
+}
+
+} // namespace lanzhou

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "AppContext.h"
+#include "PeriodLists.h"
+#include "TextGrid.h"
+
+#include <QWidget>
+
+#include <array>
+#include <memory>
+
+class QPushButton;
+
+namespace Ui {
+class MxLst;
+}
+
+namespace lanzhou {
+
+struct JournalFilter;
+class JournalLines;
+
+// The journal (流水账): the entries of a period, filtered by item, sign, remark and operator, as a
+// text table in Lst with each line's entry ID in the hidden Lst2; from here entries are modified,
+// deleted or added late through the entry editor.
+class MxLst : public QWidget
+{
+    Q_OBJECT
+public:
+    explicit MxLst(AppContext& context, QWidget* parent = nullptr);
+    ~MxLst() override;
+
+    // Dispatches the command array: 0 query, 2 close, 3 late entry, 4 modify, 5 delete.
+    void runCommand(int index);
+    // The command 统计: rebuilds the listing from the filters.
+    void runQuery();
+    // The statement the last query sent.
+    const QString& lastStatement() const { return m_lastStatement; }
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void fillFilters();
+    JournalFilter currentFilter() const;
+    void setBusy(bool busy, const QString& caption = QString());
+    void showListing(const JournalLines& lines);
+    void clearListing();
+    // The entry ID behind the selected line, empty when no entry line is selected.
+    QString selectedEntryId() const;
+    void openEditor(int command);
+    void deleteSelected();
+    // After an edit the listing is run again and the selection goes back to the same line.
+    void refreshAfterEdit();
+
+    std::unique_ptr<Ui::MxLst> ui;
+    AppContext m_context;
+    TextGrid m_grid;
+    PeriodLists m_start;
+    PeriodLists m_end;
+    // Buttons by command index; export (1) and bulk delete (6) have none yet.
+    std::array<QPushButton*, 7> m_cmd{};
+    QString m_lastStatement;
+    int m_trackedRow = -1;
+    bool m_busy = false;
+};
+
+} // namespace lanzhou

@@ -1,0 +1,67 @@
+#include "MxLst.h"
+
+#include "ui_MxLst.h"
+
+#include "Dialogs.h"
+#include "EntryDeletion.h"
+#include "JournalRights.h"
+#include "MxEd.h"
+#include "Session.h"
+
+// The journal's edits: the entry editor for late entries and modifications, and single deletes.
+
+namespace lanzhou {
+
+void MxLst::openEditor(int command)
+{
+    QString entryId;
+    if (command == JournalCmd::Modify) {
+        entryId = selectedEntryId();
+        if (entryId.isEmpty()) {
+            m_context.dialogs.inform(QStringLiteral("请首先选择您要修改的记录行！"));
+            return;
+        }
+    }
+    QStringList items;
+    for (int i = 1; i < ui->CmbItm->count(); ++i)
+        items.append(ui->CmbItm->itemText(i));
+
+    auto* editor = new MxEd(
+        m_context, command == JournalCmd::Modify ? MxEd::Use::Modify : MxEd::Use::LateEntry, items, this);
+    editor->setAttribute(Qt::WA_DeleteOnClose);
+    connect(editor, &QDialog::finished, this, [this] {
+        if (m_context.session.journalRefreshMarker.isEmpty())
+            return;
+        m_context.session.journalRefreshMarker.clear();
+        refreshAfterEdit();
+    });
+    editor->open();
+    if (command == JournalCmd::Modify)
+        editor->loadEntry(entryId);
+}
+
+void MxLst::deleteSelected()
+{
+    const QString entryId = selectedEntryId();
+    if (entryId.isEmpty()) {
+        m_context.dialogs.inform(QStringLiteral("请首先选择您要删除的记录行！"));
+        return;
+    }
+    if (!ConfirmEntryDeletion(m_context))
+        return;
+    setBusy(true);
+    const bool deleted = WriteDeleteTombstone(m_context, entryId);
+    setBusy(false);
+    if (deleted)
+        refreshAfterEdit();
+}
+
+void MxLst::refreshAfterEdit()
+{
+    const int row = m_trackedRow;
+    runQuery();
+    if (row >= 0 && ui->Lst->count() > 0)
+        ui->Lst->setCurrentRow(qMin(row, ui->Lst->count() - 1));
+}
+
+} // namespace lanzhou
