@@ -1,7 +1,6 @@
 #include "JournalFixture.h"
 
 #include <QCoreApplication>
-#include <QInputMethodEvent>
 #include <QTest>
 
 namespace lanzhou::test {
@@ -78,19 +77,6 @@ void click(QWidget* window, const QString& buttonName)
     QPushButton* target = button(window, buttonName);
     Q_ASSERT(target);
     QTest::mouseClick(target, Qt::LeftButton);
-}
-
-void typeText(QWidget* field, const QString& text)
-{
-    for (const QChar c : text) {
-        if (c.unicode() < 128) {
-            QTest::keyClick(field, char(c.unicode()));
-        } else {
-            QInputMethodEvent commit;
-            commit.setCommitString(QString(c));
-            QCoreApplication::sendEvent(field, &commit);
-        }
-    }
 }
 
 void pickIndex(QComboBox* list, int index)

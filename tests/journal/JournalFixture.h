@@ -3,6 +3,7 @@
 #include "MxEd.h"
 #include "MxLst.h"
 #include "TestContext.h"
+#include "TestWidgets.h"
 
 #include <QComboBox>
 #include <QListWidget>
@@ -25,8 +26,6 @@ QListWidget* list(QWidget* window, const QString& name);
 QComboBox* combo(QWidget* window, const QString& name);
 QPushButton* button(QWidget* window, const QString& name);
 void click(QWidget* window, const QString& buttonName);
-// Types text into a field: ASCII as key presses, other characters as an input method commits them.
-void typeText(QWidget* field, const QString& text);
 // Picks the entry of a drop-down list as the user would.
 void pick(QComboBox* list, const QString& text);
 void pickIndex(QComboBox* list, int index);

@@ -122,6 +122,7 @@ private slots:
             QCOMPARE(crossings(grid, line).mid(0, 6), columns);
         QVERIFY(shown.at(2).startsWith(QChar(0x2500)));
         QCOMPARE(list(&journal, QStringLiteral("Lst"))->font().family(), TextGrid::listFont().family());
+        saveScreenshot(&journal, QStringLiteral("journal.png"));
     }
 
     // The balance column against sums computed here from every row of the ledger.

@@ -5,7 +5,6 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
-#include <QKeyEvent>
 #include <QMenu>
 #include <QTest>
 
@@ -80,26 +79,6 @@ void KuangDriver::chooseMenu(const char* buttonName, const char* actionName)
     if (!action)
         qFatal("no menu entry %s", actionName);
     QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(action).center());
-}
-
-void KuangDriver::screenshot(const QString& fileName) const
-{
-    const QString folder = qEnvironmentVariable("LANZHOU_SCREENSHOT_DIR");
-    if (!folder.isEmpty())
-        window->grab().save(folder + u'/' + fileName);
-}
-
-void typeText(QWidget* widget, const QString& text)
-{
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        const qsizetype length = text.at(i).isHighSurrogate() && i + 1 < text.size() ? 2 : 1;
-        const QString key = text.mid(i, length);
-        i += length - 1;
-        QKeyEvent press(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, key);
-        QKeyEvent release(QEvent::KeyRelease, Qt::Key_unknown, Qt::NoModifier, key);
-        QCoreApplication::sendEvent(widget, &press);
-        QCoreApplication::sendEvent(widget, &release);
-    }
 }
 
 void prepareLedger(TestContext& t, const QString& id, const QString& name, const QString& op,

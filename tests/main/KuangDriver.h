@@ -2,6 +2,7 @@
 
 #include "Kuang.h"
 #include "TestContext.h"
+#include "TestWidgets.h"
 
 #include <QComboBox>
 #include <QLabel>
@@ -40,14 +41,9 @@ public:
     void leaveItemBox();
     // Triggers a menu entry from the menu its button opens.
     void chooseMenu(const char* buttonName, const char* actionName);
-    // Saves a picture of the window when LANZHOU_SCREENSHOT_DIR is set.
-    void screenshot(const QString& fileName) const;
 
     std::unique_ptr<Kuang> window;
 };
-
-// Types text key by key; each key carries one character, as a keyboard or an input method sends it.
-void typeText(QWidget* widget, const QString& text);
 
 // A ledger row with one operator, and the ledger in the local list as its only, last opened entry.
 void prepareLedger(TestContext& t, const QString& id, const QString& name,

@@ -60,13 +60,11 @@ private slots:
         QCOMPARE(t.dialogs.lastText(), QStringLiteral("请首先按提示增加账本，然后再【打开账本】！"));
         QCOMPARE(t.dialogs.shown().constLast().title, QStringLiteral("提示"));
         QTest::mouseClick(d.w<QCheckBox>("Chk"), Qt::LeftButton);
-        d.screenshot(QStringLiteral("open-ledger.png"));
+        saveScreenshot(d.window.get(), QStringLiteral("open-ledger.png"));
 
         onLedgerWindow([](QWidget* dialog) {
             typeText(child<QLineEdit>(dialog, "TxtZbID"), QStringLiteral("13800000001"));
-            if (!qEnvironmentVariableIsEmpty("LANZHOU_SCREENSHOT_DIR"))
-                dialog->grab().save(qEnvironmentVariable("LANZHOU_SCREENSHOT_DIR") +
-                                    QStringLiteral("/zbtyp.png"));
+            saveScreenshot(dialog, QStringLiteral("zbtyp.png"));
             QTest::mouseClick(child<QPushButton>(dialog, "Cmd_3"), Qt::LeftButton);
             auto* name = child<QLineEdit>(dialog, "TxtZbNm");
             name->selectAll();
@@ -94,7 +92,7 @@ private slots:
         QCOMPARE(d.w<QPushButton>("Cmd")->text(), QStringLiteral(" 登 入"));
         QCOMPARE(d.w<QCheckBox>("Chk")->text(), QStringLiteral("自动登入"));
         QVERIFY(!d.w<QCheckBox>("Chk")->isChecked());
-        d.screenshot(QStringLiteral("login.png"));
+        saveScreenshot(d.window.get(), QStringLiteral("login.png"));
 
         d.post();
         QCOMPARE(d.window->panel(), Kuang::EntryPanel);
@@ -123,7 +121,7 @@ private slots:
         QCOMPARE(d.text("Lab4"), QStringLiteral("当前存量：5"));
         QCOMPARE(d.w<QComboBox>("Cmb")->count(), 1);
         d.type("Txt", QStringLiteral("-"));
-        d.screenshot(QStringLiteral("entry.png"));
+        saveScreenshot(d.window.get(), QStringLiteral("entry.png"));
 
         const auto rows = t.rows(
             QStringLiteral("select USR,TM,ID,ITEM,SL,BZ from Zhang where ZBID='13800000001' order by ID"));
