@@ -13,7 +13,12 @@ namespace lanzhou {
 class TextGrid
 {
 public:
-    enum Junction { Top = 0, Middle = 1, Bottom = 2 };
+    enum Junction
+    {
+        Top = 0,
+        Middle = 1,
+        Bottom = 2
+    };
 
     explicit TextGrid(const QFont& font);
 
