@@ -53,7 +53,8 @@ bool runScript(QSqlDatabase& db, const QString& resource)
 
 } // namespace
 
-Database::Database(DbConfig config) : m_config(std::move(config)) {}
+Database::Database(DbConfig config) : m_config(std::move(config)), m_dialect(ServerDialect::create(m_config))
+{}
 
 Database::StatementKind Database::classify(const QString& statement)
 {
@@ -114,17 +115,16 @@ QString Database::run(const QString& statement, bool fillGrid)
     if (m_config.kind == ServerKind::Sqlite && !ensureEmbeddedFile(params.server))
         return QString();
 
-    const auto dialect = ServerDialect::create(m_config);
     const QString connectionName = QStringLiteral("lanzhou-%1").arg(++m_connectionCounter);
     QString result;
     {
-        QSqlDatabase db = QSqlDatabase::addDatabase(dialect->qtDriver(), connectionName);
-        dialect->configure(db, params);
+        QSqlDatabase db = QSqlDatabase::addDatabase(m_dialect->qtDriver(), connectionName);
+        m_dialect->configure(db, params);
         if (db.open()) {
             QSqlQuery query(db);
             query.setForwardOnly(true);
             query.setNumericalPrecisionPolicy(QSql::HighPrecision);
-            const QString sql = dialect->rewrite(statement);
+            const QString sql = m_dialect->rewrite(statement);
             if (kind == StatementKind::Write) {
                 if (query.exec(sql))
                     result = QStringLiteral("OK");

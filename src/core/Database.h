@@ -2,8 +2,11 @@
 
 #include "DbConfig.h"
 #include "ResultGrid.h"
+#include "ServerDialect.h"
 
 #include <QString>
+
+#include <memory>
 
 namespace lanzhou {
 
@@ -35,6 +38,7 @@ private:
     bool ensureEmbeddedFile(const QString& path) const;
 
     DbConfig m_config;
+    std::unique_ptr<ServerDialect> m_dialect;
     ResultGrid m_grid;
     quint64 m_connectionCounter = 0;
 };

@@ -30,9 +30,9 @@ void Kuang::postEntry()
         return;
     }
     const Posting& p = check.posting;
-    const QString time = ServerDate(m_ctx.db, s, m_ctx.clock) + u' ' + LocalTimeText(m_ctx.clock);
-    const QString id =
-        GenerateEntryId(ServerDate(m_ctx.db, s, m_ctx.clock), m_ctx.clock.secondsSinceMidnight());
+    const QString serverDate = ServerDate(m_ctx.db, s, m_ctx.clock);
+    const QString time = serverDate + u' ' + LocalTimeText(m_ctx.clock);
+    const QString id = GenerateEntryId(serverDate, m_ctx.clock.secondsSinceMidnight());
     const QString written = m_ctx.db.RunQuery(
         QStringLiteral("insert into Zhang (ZBID,USR,TM,ID,ITEM,SL,BZ) values ('") + s.ledgerId +
         QStringLiteral("','") + s.operatorName + QStringLiteral("','") + time + QStringLiteral("','") + id +

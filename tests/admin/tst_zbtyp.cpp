@@ -447,12 +447,12 @@ private slots:
     {
         QFETCH(QString, backend);
         TestContext t(backend);
-        Database down(unreachableConfig(QStringLiteral("postgresql")));
+        const DbConfig down = unreachableConfig(QStringLiteral("postgresql"));
         Database db(t.db->config());
         AppContext context{t.session, db, t.dialogs, t.shell, t.clock, t.settings};
         LedgerList ledgers;
 
-        db = down;
+        db = Database(down);
         ZbTyp window(context, ledgers, ZbTyp::Mode::AddLedger);
         window.show();
         lookUp(window, QStringLiteral("QQ号"), QStringLiteral("40004"));
@@ -466,7 +466,7 @@ private slots:
         lookUp(window, QStringLiteral("QQ号"), QStringLiteral("40004"));
         QTest::mouseClick(cmd(window, 5), Qt::LeftButton);
         QTest::mouseClick(opt(window, 1), Qt::LeftButton);
-        db = down;
+        db = Database(down);
         t.dialogs.clear();
         QTest::mouseClick(cmd(window, 0), Qt::LeftButton);
         QCOMPARE(t.dialogs.texts(),
@@ -492,7 +492,7 @@ private slots:
         // Type settings that cannot be saved leave the session and the frame as they were.
         t.session.modalResult.clear();
         t.dialogs.clear();
-        db = down;
+        db = Database(down);
         ZbTyp settings(context, ledgers, ZbTyp::Mode::TypeSettings);
         settings.show();
         QTest::mouseClick(opt(settings, 0), Qt::LeftButton);
