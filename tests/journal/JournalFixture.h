@@ -3,7 +3,7 @@
 #include "MxEd.h"
 #include "MxLst.h"
 #include "TestContext.h"
-#include "TestWidgets.h"
+#include "WindowDriver.h"
 
 #include <QComboBox>
 #include <QListWidget>

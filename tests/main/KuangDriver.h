@@ -2,7 +2,7 @@
 
 #include "Kuang.h"
 #include "TestContext.h"
-#include "TestWidgets.h"
+#include "WindowDriver.h"
 
 #include <QComboBox>
 #include <QLabel>

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <QPointer>
+#include <QString>
+#include <QWidget>
+
+class QComboBox;
+class QListWidget;
+
+namespace lanzhou::test {
+
+// Drives any window of the program through its named controls, as a person would: keys, clicks,
+// picks from open lists, menu entries. A missing control or entry fails loudly.
+class WindowDriver
+{
+public:
+    explicit WindowDriver(QWidget* window = nullptr) : m_window(window) {}
+
+    QWidget* window() const { return m_window; }
+    void setWindow(QWidget* window) { m_window = window; }
+
+    template <class T> T* w(const QString& name) const
+    {
+        T* found = m_window ? m_window->findChild<T*>(name) : nullptr;
+        if (!found)
+            missing(name);
+        return found;
+    }
+    // The text of a label, button, line box or combo box.
+    QString text(const QString& name) const;
+
+    // Makes the window the active one again, as after a dialog or another window closed.
+    void activate() const;
+    void click(const QString& buttonName) const;
+    // Presses a key in a control (Enter, Tab, ...).
+    void press(const QString& name, Qt::Key key) const;
+    // Picks an entry from a combo box's open list with the keyboard.
+    void pick(const QString& comboName, const QString& entry) const;
+    void pickIndex(const QString& comboName, int index) const;
+    // Replaces the text of a line box or an editable combo box by typing it key by key.
+    void type(const QString& boxName, const QString& text) const;
+    // Chooses an entry of the menu that a button pops up.
+    void chooseMenu(const QString& buttonName, const QString& actionName) const;
+    void clickLine(const QString& listName, int row) const;
+    void doubleClickLine(const QString& listName, int row) const;
+
+private:
+    [[noreturn]] void missing(const QString& what) const;
+
+    QPointer<QWidget> m_window;
+};
+
+// Types text key by key, as a keyboard (or an input method, for Chinese) would; a character outside
+// the basic plane arrives as one key.
+void typeText(QWidget* field, const QString& text);
+// Saves a picture of the window into LANZHOU_SCREENSHOT_DIR when that is set (for the README).
+void saveScreenshot(QWidget* window, const QString& fileName);
+
+} // namespace lanzhou::test
