@@ -58,7 +58,7 @@ QString promptTitle()
 
 } // namespace
 
-ZbTyp::ZbTyp(AppContext& context, LedgerList& ledgers, Mode mode, QWidget* parent)
+ZbTyp::ZbTyp(const AppContext& context, LedgerList& ledgers, Mode mode, QWidget* parent)
     : QDialog(parent), m_ui(std::make_unique<Ui::ZbTyp>()), m_context(context), m_ledgers(ledgers),
       m_mode(mode), m_openLedgerName(context.session.ledgerName)
 {

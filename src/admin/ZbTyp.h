@@ -34,7 +34,7 @@ public:
         TypeSettings,
         NameOnly
     };
-    ZbTyp(AppContext& context, LedgerList& ledgers, Mode mode, QWidget* parent = nullptr);
+    ZbTyp(const AppContext& context, LedgerList& ledgers, Mode mode, QWidget* parent = nullptr);
     ~ZbTyp() override;
 
 protected:

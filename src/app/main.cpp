@@ -8,6 +8,7 @@
 #include "Kuang.h"
 #include "QtDialogs.h"
 #include "QtShell.h"
+#include "QtTranslation.h"
 #include "Session.h"
 #include "Settings.h"
 #include "Start.h"
@@ -22,6 +23,7 @@ int main(int argc, char** argv)
     QApplication app(argc, argv);
     QApplication::setApplicationName(AppConstants::title());
     QApplication::setApplicationVersion(AppConstants::versionText());
+    LoadQtChineseTranslation(&app);
 
     QString error;
     const DbConfig config = DbConfig::fromEnvironment(&error);
@@ -33,6 +35,11 @@ int main(int argc, char** argv)
 
     Session session;
     Database db(config);
+    if (!db.prepareEmbeddedFile()) {
+        QMessageBox::critical(nullptr, AppConstants::title(),
+                              QStringLiteral("无法创建本机账本数据库文件：\n") + config.server.plain());
+        return 1;
+    }
     QtDialogs dialogs;
     QtShell shell;
     SystemClock clock;

@@ -80,9 +80,11 @@ QString Database::RunScalar(const QString& statement)
     return run(statement, false);
 }
 
-// The embedded file is created with its schema, in WAL mode, the first time it is used.
-bool Database::ensureEmbeddedFile(const QString& path) const
+bool Database::prepareEmbeddedFile() const
 {
+    if (m_config.kind != ServerKind::Sqlite)
+        return true;
+    const QString path = m_config.server.plain();
     if (QFileInfo::exists(path))
         return true;
     QDir().mkpath(QFileInfo(path).absolutePath());
@@ -112,7 +114,8 @@ QString Database::run(const QString& statement, bool fillGrid)
     const StatementKind kind = classify(statement);
     if (kind == StatementKind::Unknown)
         return QString();
-    if (m_config.kind == ServerKind::Sqlite && !ensureEmbeddedFile(params.server))
+    // Opening a missing file would make a new, empty one.
+    if (m_config.kind == ServerKind::Sqlite && !QFileInfo::exists(params.server))
         return QString();
 
     const QString connectionName = QStringLiteral("lanzhou-%1").arg(++m_connectionCounter);

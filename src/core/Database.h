@@ -18,6 +18,10 @@ class Database
 public:
     explicit Database(DbConfig config);
 
+    // The embedded file is made with its schema at start-up when it is missing; later a missing file
+    // is a failure, never a new empty database. False when the file cannot be made.
+    bool prepareEmbeddedFile() const;
+
     QString RunQuery(const QString& statement);
     QString RunScalar(const QString& statement);
 
@@ -35,7 +39,6 @@ public:
 
 private:
     QString run(const QString& statement, bool fillGrid);
-    bool ensureEmbeddedFile(const QString& path) const;
 
     DbConfig m_config;
     std::unique_ptr<ServerDialect> m_dialect;

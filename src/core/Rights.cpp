@@ -1,6 +1,20 @@
 #include "Rights.h"
 
-namespace lanzhou::Rights {
+#include "AppContext.h"
+#include "Dialogs.h"
+#include "Session.h"
+
+namespace lanzhou {
+
+bool RequireRight(const AppContext& context, Right right)
+{
+    if (context.session.hasRight(right))
+        return true;
+    context.dialogs.inform(Rights::RefusalText());
+    return false;
+}
+
+namespace Rights {
 
 QString Extend(const QString& rights, int length)
 {
@@ -54,4 +68,6 @@ QString RefusalText()
     return QStringLiteral("对不起，您无此权限！");
 }
 
-} // namespace lanzhou::Rights
+} // namespace Rights
+
+} // namespace lanzhou

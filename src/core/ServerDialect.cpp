@@ -9,6 +9,18 @@ namespace {
 
 // Seconds a login may take before the runner gives up and answers the empty string.
 constexpr int loginTimeoutSeconds = 5;
+// Milliseconds one statement may run on PostgreSQL before the server cancels it.
+constexpr int statementTimeoutMs = 30000;
+
+// PostgreSQL sessions are pinned when they start, whatever the server's defaults: text in UTF-8,
+// backslashes in quoted values taken literally, and no statement running for ever. Sent with the
+// login, so they cost no round trip.
+QString pinnedPostgresOptions()
+{
+    return QStringLiteral("options='-c client_encoding=UTF8 -c standard_conforming_strings=on "
+                          "-c statement_timeout=%1'")
+        .arg(statementTimeoutMs);
+}
 
 class SqliteDialect final : public ServerDialect
 {
@@ -38,7 +50,8 @@ public:
         db.setUserName(params.user);
         db.setPassword(params.password);
         db.setDatabaseName(params.database);
-        db.setConnectOptions(QStringLiteral("connect_timeout=%1").arg(loginTimeoutSeconds));
+        db.setConnectOptions(
+            QStringLiteral("connect_timeout=%1;%2").arg(loginTimeoutSeconds).arg(pinnedPostgresOptions()));
     }
     QString rewrite(const QString& statement) const override
     {
@@ -54,7 +67,10 @@ public:
     QString qtDriver() const override { return QStringLiteral("QODBC"); }
     void configure(QSqlDatabase& db, const PlainConnection& params) const override
     {
-        db.setDatabaseName(odbcConnectionString(params));
+        QString connection = odbcConnectionString(params);
+        if (m_postgres)
+            connection += QStringLiteral(";pqopt={") + pinnedPostgresOptions() + u'}';
+        db.setDatabaseName(connection);
         db.setConnectOptions(QStringLiteral("SQL_ATTR_LOGIN_TIMEOUT=%1;SQL_ATTR_CONNECTION_TIMEOUT=%1")
                                  .arg(loginTimeoutSeconds));
     }
@@ -78,8 +94,33 @@ QString rewriteTopAndGetdate(const QString& statement, const QString& nowExpress
     static const QRegularExpression top(QStringLiteral("^(\\s*select\\s+)top\\s+(\\d+)\\s+(.*)$"),
                                         QRegularExpression::CaseInsensitiveOption |
                                             QRegularExpression::DotMatchesEverythingOption);
-    QString out = statement;
-    out.replace(getdate, nowExpression);
+    // Only the statement's own text is rewritten; a quoted value (with '' inside it) stays as typed.
+    QString out;
+    out.reserve(statement.size());
+    qsizetype from = 0;
+    while (from < statement.size()) {
+        const qsizetype quote = statement.indexOf(QLatin1Char('\''), from);
+        const qsizetype plainEnd = quote < 0 ? statement.size() : quote;
+        out += statement.mid(from, plainEnd - from).replace(getdate, nowExpression);
+        if (quote < 0)
+            break;
+        qsizetype close = quote + 1;
+        for (;;) {
+            close = statement.indexOf(QLatin1Char('\''), close);
+            if (close < 0) {
+                close = statement.size();
+                break;
+            }
+            if (close + 1 < statement.size() && statement.at(close + 1) == QLatin1Char('\'')) {
+                close += 2;
+                continue;
+            }
+            ++close;
+            break;
+        }
+        out += QStringView(statement).mid(quote, close - quote);
+        from = close;
+    }
     const QRegularExpressionMatch m = top.match(out);
     if (m.hasMatch())
         out = m.captured(1) + m.captured(3) + QStringLiteral(" limit ") + m.captured(2);

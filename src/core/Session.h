@@ -36,7 +36,7 @@ public:
     // Stores the rights read at login, extended to all positions.
     void setRights(const QString& rights) { m_rights = Rights::Extend(rights); }
     const QString& rights() const { return m_rights; }
-    bool hasRight(int position) const { return Rights::Granted(m_rights, position); }
+    bool hasRight(Right right) const { return Rights::Granted(m_rights, right); }
 
     void notifyChanged() { emit changed(); }
 

@@ -26,6 +26,7 @@ public:
     static QFont listFont();
 
     double widthTwips(QStringView text) const;
+    double widthPixels(QStringView text) const { return widthTwips(text) / m_twipsPerPixel; }
     // Left-aligned, clipped to the width, padded with blanks, closed by a bar.
     QString textCell(const QString& text, int width) const;
     // FormatQuantity of the value, right-aligned in the width, never clipped, closed by a bar.

@@ -47,6 +47,12 @@ QString GeneralNumberText(double value)
     return s;
 }
 
+QString SqlLiteral(const QString& value)
+{
+    QString literal = value;
+    return literal.replace(QLatin1Char('\''), QStringLiteral("''"));
+}
+
 QString FormatQuantity(double quantity)
 {
     QString s = GeneralNumberText(quantity);

@@ -9,20 +9,20 @@
 
 namespace lanzhou {
 
-bool ConfirmEntryDeletion(AppContext& context)
+bool ConfirmEntryDeletion(const AppContext& context)
 {
     return context.dialogs.askYesNo(QStringLiteral("真的要删除这条记录吗？"), QString(), DialogIcon::Question,
                                     DialogAnswer::No);
 }
 
-QString CurrentTombstone(AppContext& context)
+QString CurrentTombstone(const AppContext& context)
 {
     return TombstoneLedgerId(context.session.operatorName, context.session.ledgerId,
                              ServerDate(context.db, context.session, context.clock),
                              LocalTimeText(context.clock));
 }
 
-bool WriteDeleteTombstone(AppContext& context, const QString& entryId)
+bool WriteDeleteTombstone(const AppContext& context, const QString& entryId)
 {
     const QString sql =
         DeleteTombstoneStatement(CurrentTombstone(context), context.session.ledgerId, entryId);

@@ -8,8 +8,8 @@ JournalStatement BuildJournalStatement(const JournalFilter& filter)
 {
     JournalStatement st;
     QString& sql = st.sql;
-    sql = QStringLiteral("select id ,usr,tm,item,sl,bz  from Zhang Where ZBID='") + filter.ledgerId +
-          QStringLiteral("' ");
+    sql = QStringLiteral("select id ,usr,tm,item,sl,bz  from Zhang Where ZBID='") +
+          SqlLiteral(filter.ledgerId) + QStringLiteral("' ");
     sql += QStringLiteral(" And TM>='") + filter.periodStart + QStringLiteral("' ");
     sql += QStringLiteral(" And TM<='") + filter.periodEnd + QStringLiteral("' ");
 
@@ -36,7 +36,7 @@ JournalStatement BuildJournalStatement(const JournalFilter& filter)
     }
 
     if (!filter.operatorName.isEmpty()) {
-        sql += QStringLiteral(" And Usr = '") + filter.operatorName + QStringLiteral("' ");
+        sql += QStringLiteral(" And Usr = '") + SqlLiteral(filter.operatorName) + QStringLiteral("' ");
         st.balanceMode = false;
     }
 
@@ -58,8 +58,9 @@ JournalStatement BuildJournalStatement(const JournalFilter& filter)
 
 QString OpeningBalanceStatement(const QString& ledgerId, const QString& item, const QString& periodStart)
 {
-    return QStringLiteral("select sum(sl) from Zhang Where ZBID='") + ledgerId +
-           QStringLiteral("' and Item='") + item + QStringLiteral("' and TM<'") + periodStart +
+    // The item comes from the listing, as the server stored it.
+    return QStringLiteral("select sum(sl) from Zhang Where ZBID='") + SqlLiteral(ledgerId) +
+           QStringLiteral("' and Item='") + SqlLiteral(item) + QStringLiteral("' and TM<'") + periodStart +
            QStringLiteral("'  ");
 }
 

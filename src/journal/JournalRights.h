@@ -1,5 +1,9 @@
 #pragma once
 
+#include "Rights.h"
+
+#include <optional>
+
 namespace lanzhou {
 
 // The journal's commands: indices of its Cmd array.
@@ -16,13 +20,23 @@ enum : int
 };
 }
 
-// The rights position a journal command needs, 0 when it needs none: export 8, and index + 7 for
-// late entry, modify, delete and bulk delete (10 to 13).
-constexpr int JournalCommandRight(int index)
+// The right a journal command needs; the query and closing need none.
+constexpr std::optional<Right> JournalCommandRight(int index)
 {
-    if (index == JournalCmd::Export)
-        return 8;
-    return index >= JournalCmd::LateEntry && index <= JournalCmd::BulkDelete ? index + 7 : 0;
+    switch (index) {
+    case JournalCmd::Export:
+        return Right::Export;
+    case JournalCmd::LateEntry:
+        return Right::LateEntry;
+    case JournalCmd::Modify:
+        return Right::ModifyEntry;
+    case JournalCmd::DeleteOne:
+        return Right::DeleteEntry;
+    case JournalCmd::BulkDelete:
+        return Right::BulkDelete;
+    default:
+        return std::nullopt;
+    }
 }
 
 } // namespace lanzhou

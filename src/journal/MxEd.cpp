@@ -10,12 +10,14 @@
 #include "EntryStatements.h"
 #include "EventLoop.h"
 #include "JournalRights.h"
+#include "LedgerItems.h"
 #include "Session.h"
 #include "TextUtils.h"
+#include "WindowRules.h"
 
 namespace lanzhou {
 
-MxEd::MxEd(AppContext& context, Use use, const QStringList& items, QWidget* parent)
+MxEd::MxEd(const AppContext& context, Use use, const QStringList& items, QWidget* parent)
     : QDialog(parent), ui(std::make_unique<Ui::MxEd>()), m_context(context), m_use(use)
 {
     ui->setupUi(this);
@@ -25,6 +27,7 @@ MxEd::MxEd(AppContext& context, Use use, const QStringList& items, QWidget* pare
     ui->LabSL->setText(session.quantityLabel + QStringLiteral("："));
     ui->CmbItm->addItems(items);
     ui->CmbItm->setCurrentIndex(-1);
+    TakeTypedTextAsIs(ui->CmbItm);
 
     m_time = {ui->Cmb_0, ui->Cmb_1, ui->Cmb_2, ui->Cmb_3, ui->Cmb_4};
     const QDate today = ParseDate(session.serverDateText, m_context.clock.today());
@@ -45,7 +48,16 @@ MxEd::MxEd(AppContext& context, Use use, const QStringList& items, QWidget* pare
     connect(ui->TxtBZ, &QLineEdit::returnPressed, this, [this] { runCommand(Save); });
 }
 
-MxEd::~MxEd() = default;
+MxEd::~MxEd()
+{
+    DetachHandlers(this);
+}
+
+void MxEd::showEvent(QShowEvent* event)
+{
+    QDialog::showEvent(event);
+    FitIntoScreen(this);
+}
 
 void MxEd::setWaiting(bool waiting)
 {
@@ -141,7 +153,7 @@ void MxEd::save()
     }
     const double quantity = NumericValue(quantityText);
     item = CollapseDashes(item);
-    const QString allItems = QStringLiteral("全部") + session.itemLabel;
+    const QString allItems = AllItemsEntry(session.itemLabel);
     if (item.contains(allItems)) {
         dialogs.inform(session.itemLabel + QStringLiteral("中不能包含“") + allItems +
                            QStringLiteral("”这样的词！"),
@@ -187,10 +199,8 @@ void MxEd::save()
 
 void MxEd::deleteEntry()
 {
-    if (!m_context.session.hasRight(JournalCommandRight(JournalCmd::DeleteOne))) {
-        m_context.dialogs.inform(Rights::RefusalText());
+    if (!RequireRight(m_context, Right::DeleteEntry))
         return;
-    }
     if (!ConfirmEntryDeletion(m_context))
         return;
     setWaiting(true);

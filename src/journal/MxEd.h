@@ -34,12 +34,15 @@ public:
         Close = 2
     };
 
-    MxEd(AppContext& context, Use use, const QStringList& items, QWidget* parent = nullptr);
+    MxEd(const AppContext& context, Use use, const QStringList& items, QWidget* parent = nullptr);
     ~MxEd() override;
 
     // Modify: reads the entry into the fields; when it cannot be read, says so and closes.
     void loadEntry(const QString& entryId);
     void runCommand(int index);
+
+protected:
+    void showEvent(QShowEvent* event) override;
 
 private:
     void save();

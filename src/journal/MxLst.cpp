@@ -10,30 +10,37 @@
 #include "JournalLines.h"
 #include "JournalQuery.h"
 #include "JournalRights.h"
+#include "LedgerItems.h"
 #include "Session.h"
 #include "TextUtils.h"
 #include "WaitCursor.h"
+#include "WindowRules.h"
 
 #include <QCloseEvent>
 #include <QElapsedTimer>
 
+#include <cmath>
 #include <optional>
 
 namespace lanzhou {
 
-MxLst::MxLst(AppContext& context, QWidget* parent)
+MxLst::MxLst(const AppContext& context, QWidget* parent)
     : QWidget(parent), ui(std::make_unique<Ui::MxLst>()), m_context(context), m_grid(TextGrid::listFont())
 {
     ui->setupUi(this);
     setWindowTitle(m_context.session.itemLabel + QStringLiteral("流水账"));
     ui->Lst->setFont(TextGrid::listFont());
+    // Lines keep their whole text, the remark included; the list scrolls sideways to their end.
     ui->Lst->setUniformItemSizes(true);
+    ui->Lst->setTextElideMode(Qt::ElideNone);
+    ui->Lst->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     ui->Lst2->hide();
     ui->CmdWait->hide();
 
     m_start = {ui->Cmb_0, ui->Cmb_1, ui->Cmb_2, ui->Cmb_3, ui->Cmb_4};
     m_end = {ui->Cmb2_0, ui->Cmb2_1, ui->Cmb2_2, ui->Cmb2_3, ui->Cmb2_4};
     fillFilters();
+    TakeTypedTextAsIs(ui->CmbItm);
     ClampDayOnChange(m_start);
     ClampDayOnChange(m_end);
 
@@ -56,7 +63,17 @@ MxLst::MxLst(AppContext& context, QWidget* parent)
     });
 }
 
-MxLst::~MxLst() = default;
+MxLst::~MxLst()
+{
+    DetachHandlers(this);
+}
+
+void MxLst::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    if (!std::exchange(m_fitted, true))
+        FitIntoScreen(this);
+}
 
 void MxLst::fillFilters()
 {
@@ -64,19 +81,11 @@ void MxLst::fillFilters()
     ui->LabItm->setText(session.itemLabel + QStringLiteral("："));
 
     // The items as the server knows them now; the session's list when the server cannot say.
-    QStringList items;
-    const QString count = m_context.db.RunQuery(QStringLiteral("select  Item from Zhang where Zbid='") +
-                                                session.ledgerId + QStringLiteral("' group by Item"));
-    if (count.isEmpty()) {
-        items = session.items;
-    } else {
-        for (int i = 1; i < m_context.db.grid().rowLimit(); ++i)
-            items.append(m_context.db.grid().cell(i, 0));
-    }
+    QStringList items = ReadLedgerItems(m_context.db, session.ledgerId).value_or(session.items);
     items.removeAll(QString());
     // A ledger without items gets an empty list: there is nothing to list yet.
     if (!items.isEmpty()) {
-        ui->CmbItm->addItem(QStringLiteral("全部") + session.itemLabel);
+        ui->CmbItm->addItem(AllItemsEntry(session.itemLabel));
         ui->CmbItm->addItems(items);
     }
     ui->CmbItm->setCurrentIndex(items.isEmpty() ? -1 : 0);
@@ -101,7 +110,7 @@ JournalFilter MxLst::currentFilter() const
     filter.periodStart = PeriodText(m_start);
     filter.periodEnd = PeriodText(m_end);
     filter.itemText = ui->CmbItm->currentText();
-    filter.allItemsEntry = QStringLiteral("全部") + m_context.session.itemLabel;
+    filter.allItemsEntry = AllItemsEntry(m_context.session.itemLabel);
     filter.itemContains = ui->CmbGX1->currentIndex() == 1;
     filter.signIndex = ui->CmbSL->currentIndex();
     filter.remarkText = ui->TxtBZ->text();
@@ -135,11 +144,9 @@ void MxLst::runCommand(int index)
     // A double-click reaches here too while a listing is being built.
     if (m_busy)
         return;
-    const int right = JournalCommandRight(index);
-    if (right > 0 && !m_context.session.hasRight(right)) {
-        m_context.dialogs.inform(Rights::RefusalText());
+    const std::optional<Right> right = JournalCommandRight(index);
+    if (right && !RequireRight(m_context, *right))
         return;
-    }
     switch (index) {
     case JournalCmd::Query:
         runQuery();
@@ -178,9 +185,8 @@ void MxLst::runQuery()
     if (NumericValue(count) <= 0) {
         hourglass.reset();
         setBusy(false);
-        // Nothing matches: the old listing goes. A failed read leaves it for a retry.
-        if (!count.isEmpty())
-            clearListing();
+        // The old listing goes in both cases: no later command may act on lines that were not read.
+        clearListing();
         dialogs.inform(QStringLiteral("没有符合条件的数据！"));
         return;
     }
@@ -215,6 +221,14 @@ void MxLst::showListing(const JournalLines& lines)
 {
     ui->Lst->addItems(lines.lines());
     ui->Lst2->addItems(lines.ids());
+    if (ui->Lst->count() == 0)
+        return;
+    // Every line takes the first line's size: give it the width of the widest line.
+    double widest = 0;
+    for (const QString& line : lines.lines())
+        widest = qMax(widest, m_grid.widthPixels(line));
+    const int height = ui->Lst->sizeHintForRow(0);
+    ui->Lst->item(0)->setSizeHint(QSize(int(std::ceil(widest)) + 2 * ui->Lst->spacing() + 8, height));
 }
 
 QString MxLst::selectedEntryId() const

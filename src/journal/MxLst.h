@@ -27,7 +27,7 @@ class MxLst : public QWidget
 {
     Q_OBJECT
 public:
-    explicit MxLst(AppContext& context, QWidget* parent = nullptr);
+    explicit MxLst(const AppContext& context, QWidget* parent = nullptr);
     ~MxLst() override;
 
     // Dispatches the command array: 0 query, 2 close, 3 late entry, 4 modify, 5 delete.
@@ -38,6 +38,7 @@ public:
     const QString& lastStatement() const { return m_lastStatement; }
 
 protected:
+    void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
 private:
@@ -63,6 +64,7 @@ private:
     QString m_lastStatement;
     int m_trackedRow = -1;
     bool m_busy = false;
+    bool m_fitted = false;
 };
 
 } // namespace lanzhou

@@ -29,12 +29,17 @@ void MxLst::openEditor(int command)
     auto* editor = new MxEd(
         m_context, command == JournalCmd::Modify ? MxEd::Use::Modify : MxEd::Use::LateEntry, items, this);
     editor->setAttribute(Qt::WA_DeleteOnClose);
-    connect(editor, &QDialog::finished, this, [this] {
-        if (m_context.session.journalRefreshMarker.isEmpty())
-            return;
-        m_context.session.journalRefreshMarker.clear();
-        refreshAfterEdit();
-    });
+    // Queued: the editor finishes inside its own handlers (Enter in the remark box saves and closes
+    // it), and the refresh yields to the event loop, where the closed editor is deleted.
+    connect(
+        editor, &QDialog::finished, this,
+        [this] {
+            if (m_context.session.journalRefreshMarker.isEmpty())
+                return;
+            m_context.session.journalRefreshMarker.clear();
+            refreshAfterEdit();
+        },
+        Qt::QueuedConnection);
     editor->open();
     if (command == JournalCmd::Modify)
         editor->loadEntry(entryId);

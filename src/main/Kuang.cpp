@@ -4,19 +4,22 @@
 
 #include "AppConstants.h"
 #include "Settings.h"
+#include "WindowRules.h"
 
 #include <QKeyEvent>
 #include <QTimer>
 
 namespace lanzhou {
 
-Kuang::Kuang(AppContext& context, QWidget* parent)
+Kuang::Kuang(const AppContext& context, QWidget* parent)
     : QMainWindow(parent), m_ctx(context), ui(std::make_unique<Ui::Kuang>())
 {
     ui->setupUi(this);
     ui->LabTop->setText(QStringLiteral("岚 舟 云 记 账"));
     ui->CmdWait->hide();
+    ui->Cmd->setDefault(true);
     ui->Cmb->installEventFilter(this);
+    TakeTypedTextAsIs(ui->Cmb);
 
     connect(ui->Cmd, &QPushButton::clicked, this, &Kuang::post);
     connect(ui->Cmd2, &QPushButton::clicked, this, &Kuang::removeLedger);
@@ -24,13 +27,11 @@ Kuang::Kuang(AppContext& context, QWidget* parent)
     // The hidden ID list always follows the name list.
     connect(ui->CmbZbNm, &QComboBox::currentIndexChanged, ui->CmbZbID, &QComboBox::setCurrentIndex);
     connect(ui->CmbUser, &QComboBox::activated, this, &Kuang::onOperatorPicked);
-    connect(ui->TxtPwd, &QLineEdit::returnPressed, this, &Kuang::post);
     connect(ui->Chk, &QCheckBox::toggled, this, &Kuang::onAutoLoginToggled);
     connect(ui->Chk2, &QCheckBox::toggled, this, &Kuang::onRememberPasswordToggled);
     connect(ui->Cmb, &QComboBox::activated, this, &Kuang::onItemPicked);
     connect(ui->Cmb, &QComboBox::editTextChanged, this, &Kuang::hideConfirmation);
     connect(ui->Txt, &QLineEdit::textChanged, this, &Kuang::onQuantityTextChanged);
-    connect(ui->Txt, &QLineEdit::returnPressed, this, &Kuang::post);
     buildMenus();
     buildReportMenu();
 
@@ -38,7 +39,10 @@ Kuang::Kuang(AppContext& context, QWidget* parent)
     showPanel(OpenLedgerPanel);
 }
 
-Kuang::~Kuang() = default;
+Kuang::~Kuang()
+{
+    DetachHandlers(this);
+}
 
 void Kuang::post()
 {
@@ -78,6 +82,7 @@ void Kuang::showEvent(QShowEvent* event)
     QMainWindow::showEvent(event);
     if (!m_startChecked) {
         m_startChecked = true;
+        FitIntoScreen(this);
         // Opens after the window has painted, so that its messages stand over it.
         QTimer::singleShot(0, this, &Kuang::openLastLedgerAtStart);
     }
@@ -92,6 +97,16 @@ void Kuang::openLastLedgerAtStart()
         return;
     if (m_panel == OpenLedgerPanel && ui->CmbZbNm->currentIndex() < m_ledgers.size())
         post();
+}
+
+void Kuang::keyPressEvent(QKeyEvent* event)
+{
+    // The boxes leave Enter to the window: a line box after it has finished, a plain list untouched.
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        post();
+        return;
+    }
+    QMainWindow::keyPressEvent(event);
 }
 
 bool Kuang::eventFilter(QObject* watched, QEvent* event)

@@ -29,13 +29,15 @@ public:
         EntryPanel = 2
     };
 
-    explicit Kuang(AppContext& context, QWidget* parent = nullptr);
+    explicit Kuang(const AppContext& context, QWidget* parent = nullptr);
     ~Kuang() override;
 
     Panel panel() const { return m_panel; }
 
 protected:
     void showEvent(QShowEvent* event) override;
+    // Enter presses the post button on every panel.
+    void keyPressEvent(QKeyEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -78,7 +80,7 @@ private:
 
     // Quick entry (QuickEntry.cpp).
     void postEntry();
-    bool fillItems();
+    void fillItems(const QStringList& items);
     QString ShowItemTotal(const QString& item);
     void showQuantityLine();
     void onItemPicked();
@@ -105,6 +107,8 @@ private:
     bool m_autoLogin = false;
     bool m_autoShowQuantity = true;
     bool m_startChecked = false;
+    // The ledger whose operators CmbUser lists.
+    QString m_operatorsLedger;
     // The item whose quantity Lab4 shows, and that quantity.
     QString m_shownItem;
     double m_runningTotal = 0;

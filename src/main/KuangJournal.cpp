@@ -26,10 +26,8 @@ void Kuang::buildReportMenu()
 
 void Kuang::openJournal()
 {
-    if (!m_ctx.session.hasRight(6)) {
-        m_ctx.dialogs.inform(Rights::RefusalText());
+    if (!RequireRight(m_ctx, Right::Journal))
         return;
-    }
     if (!m_journal) {
         auto* journal = new MxLst(m_ctx, this);
         journal->setWindowFlag(Qt::Window);

@@ -35,8 +35,8 @@ void Kuang::openLedger()
     showWait(QStringLiteral("正在打开【") + name + QStringLiteral("】……"));
 
     Database& db = m_ctx.db;
-    const QString found =
-        db.RunQuery(QStringLiteral("select Item,SL,Msg,Cmd,GongGao from ZbLst where ZBid='") + id + u'\'');
+    const QString found = db.RunQuery(
+        QStringLiteral("select Item,SL,Msg,Cmd,GongGao from ZbLst where ZBid='") + SqlLiteral(id) + u'\'');
     if (found == QLatin1String("0")) {
         m_ctx.dialogs.inform(QStringLiteral("服务器上不存在该账本！"), kTitle);
         return;
@@ -54,11 +54,13 @@ void Kuang::openLedger()
         return;
 
     Session& s = m_ctx.session;
-    if (s.ledgerId != id) {
-        // The operator of another ledger does not carry over.
+    if (m_operatorsLedger != id) {
+        // The operators of another ledger do not carry over, nor does its operator; the session's
+        // ledger may already name this one (registering it does), so the list tells.
         s.operatorName.clear();
         s.operators.clear();
         ui->CmbUser->clear();
+        m_operatorsLedger.clear();
     }
     s.ledgerId = id;
     s.ledgerName = name;
@@ -107,7 +109,7 @@ bool Kuang::actOnServerCommand(const QString& ledgerId, const QString& command, 
         // Spent at once, so that the address opens only this one time.
         m_ctx.db.RunQuery(QStringLiteral("update Zblst set Cmd='") +
                           ServerDate(m_ctx.db, m_ctx.session, m_ctx.clock) +
-                          QStringLiteral("' where Zbid='") + ledgerId + u'\'');
+                          QStringLiteral("' where Zbid='") + SqlLiteral(ledgerId) + u'\'');
     }
     return true;
 }
@@ -118,7 +120,7 @@ bool Kuang::fillOperators(const QString& ledgerId)
         return true;
     Database& db = m_ctx.db;
     const QString found =
-        db.RunQuery(QStringLiteral("select Usr from UsrLst where ZBid='") + ledgerId + u'\'');
+        db.RunQuery(QStringLiteral("select Usr from UsrLst where ZBid='") + SqlLiteral(ledgerId) + u'\'');
     if (found.isEmpty()) {
         m_ctx.dialogs.inform(QStringLiteral("连接服务器失败，请重试！"), kTitle);
         showPanel(OpenLedgerPanel);
@@ -130,12 +132,13 @@ bool Kuang::fillOperators(const QString& ledgerId)
             if (!db.grid().cell(row, 0).isEmpty())
                 operators.append(db.grid().cell(row, 0));
     } else {
-        db.RunScalar(QStringLiteral("insert into UsrLst (ZBID,Usr,PWD) values ('") + ledgerId +
+        db.RunScalar(QStringLiteral("insert into UsrLst (ZBID,Usr,PWD) values ('") + SqlLiteral(ledgerId) +
                      QStringLiteral("','管理员','')"));
         operators.append(QStringLiteral("管理员"));
     }
     ui->CmbUser->addItems(operators);
     m_ctx.session.operators = operators;
+    m_operatorsLedger = ledgerId;
     return true;
 }
 

@@ -7,9 +7,11 @@
 #include "Database.h"
 #include "Dialogs.h"
 #include "EventLoop.h"
+#include "LedgerItems.h"
 #include "Rights.h"
 #include "Session.h"
 #include "Settings.h"
+#include "TextUtils.h"
 
 namespace lanzhou {
 
@@ -28,8 +30,9 @@ void Kuang::login()
     YieldEvents(1);
 
     Database& db = m_ctx.db;
-    const QString found = db.RunQuery(QStringLiteral("select Pwd,QX from UsrLst where ZBid='") + s.ledgerId +
-                                      QStringLiteral("' and Usr='") + op + u'\'');
+    const QString found =
+        db.RunQuery(QStringLiteral("select Pwd,QX from UsrLst where ZBid='") + SqlLiteral(s.ledgerId) +
+                    QStringLiteral("' and Usr='") + SqlLiteral(op) + u'\'');
     if (found.isEmpty()) {
         m_ctx.dialogs.inform(QStringLiteral("连接服务器失败，请重试！"), QStringLiteral("提示"));
         return;
@@ -45,6 +48,13 @@ void Kuang::login()
     const QString rights = db.grid().cell(1, 1);
 
     showWait(QStringLiteral("正在读取账本中的") + s.itemLabel + QStringLiteral("信息……"));
+    // The items are read before anything is shown or remembered: without them the operator stays on
+    // the login panel as he was, and may try again.
+    const std::optional<QStringList> items = ReadLedgerItems(db, s.ledgerId);
+    if (!items) {
+        m_ctx.dialogs.inform(QStringLiteral("连接服务器失败，请重试！"), QStringLiteral("提示"));
+        return;
+    }
     YieldEvents(6);
     hideWait();
     if (s.greeting.isEmpty())
@@ -59,12 +69,9 @@ void Kuang::login()
     // The quantity shows by itself only to an operator who may see quantities (right 4).
     m_autoShowQuantity =
         m_ctx.settings.read(s.ledgerId, op, QStringLiteral("AutoShowSL")) != QLatin1String("False") &&
-        Rights::Granted(Rights::Extend(rights), 4);
+        Rights::Granted(Rights::Extend(rights), Right::SeeQuantity);
 
-    if (!fillItems()) {
-        ui->labHello->hide();
-        return;
-    }
+    fillItems(*items);
     s.operatorName = op;
     s.setRights(rights);
     s.notifyChanged();

@@ -7,6 +7,7 @@
 #include "Database.h"
 #include "DateUtils.h"
 #include "Dialogs.h"
+#include "EntryStatements.h"
 #include "EventLoop.h"
 #include "QuickEntryRules.h"
 #include "Session.h"
@@ -34,10 +35,7 @@ void Kuang::postEntry()
     const QString time = serverDate + u' ' + LocalTimeText(m_ctx.clock);
     const QString id = GenerateEntryId(serverDate, m_ctx.clock.secondsSinceMidnight());
     const QString written = m_ctx.db.RunQuery(
-        QStringLiteral("insert into Zhang (ZBID,USR,TM,ID,ITEM,SL,BZ) values ('") + s.ledgerId +
-        QStringLiteral("','") + s.operatorName + QStringLiteral("','") + time + QStringLiteral("','") + id +
-        QStringLiteral("','") + p.item + QStringLiteral("',") + GeneralNumberText(p.quantity) +
-        QStringLiteral(",'") + p.remark + QStringLiteral("')"));
+        InsertEntryStatement(s.ledgerId, s.operatorName, time, id, p.item, p.quantity, p.remark));
     if (written != QLatin1String("OK")) {
         m_ctx.dialogs.inform(QStringLiteral("连接服务器失败，请重试！"), QStringLiteral("提示"));
         return;
@@ -70,32 +68,21 @@ void Kuang::postEntry()
     ui->Lab5->show();
 }
 
-bool Kuang::fillItems()
+void Kuang::fillItems(const QStringList& items)
 {
-    Database& db = m_ctx.db;
-    const QString found = db.RunQuery(QStringLiteral("select  Item from Zhang where Zbid='") +
-                                      m_ctx.session.ledgerId + QStringLiteral("' group by Item"));
-    if (found.isEmpty()) {
-        m_ctx.dialogs.inform(QStringLiteral("连接服务器失败，请重试！"), QStringLiteral("提示"));
-        return false;
-    }
-    QStringList items;
-    for (int row = 1; row < db.grid().rowLimit(); ++row)
-        items.append(db.grid().cell(row, 0));
     const QSignalBlocker quiet(ui->Cmb);
     ui->Cmb->clear();
     ui->Cmb->addItems(items);
     ui->Cmb->setCurrentIndex(-1);
     m_ctx.session.items = items;
-    return true;
 }
 
 QString Kuang::ShowItemTotal(const QString& item)
 {
     Database& db = m_ctx.db;
-    const QString found =
-        db.RunQuery(QStringLiteral("select sum(SL) from Zhang Where Zbid='") + m_ctx.session.ledgerId +
-                    QStringLiteral("' and Item='") + item + QStringLiteral("' group by Zbid,Item"));
+    const QString found = db.RunQuery(QStringLiteral("select sum(SL) from Zhang Where Zbid='") +
+                                      SqlLiteral(m_ctx.session.ledgerId) + QStringLiteral("' and Item='") +
+                                      SqlLiteral(item) + QStringLiteral("' group by Zbid,Item"));
     m_runningTotal = NumericValue(found) > 0 ? NumericValue(db.grid().cell(1, 0)) : 0;
     m_shownItem = item;
     return FormatQuantity(m_runningTotal);
@@ -104,8 +91,9 @@ QString Kuang::ShowItemTotal(const QString& item)
 // The status line when the quantity is not shown by itself: an invitation to look, with right 4.
 void Kuang::showQuantityLine()
 {
-    ui->Lab4->setText(m_ctx.session.hasRight(4) ? QStringLiteral("点击这里查看") + m_ctx.session.quantityLabel
-                                                : QString());
+    ui->Lab4->setText(m_ctx.session.hasRight(Right::SeeQuantity)
+                          ? QStringLiteral("点击这里查看") + m_ctx.session.quantityLabel
+                          : QString());
 }
 
 void Kuang::onItemPicked()
@@ -136,6 +124,9 @@ void Kuang::onItemBoxLeft()
     } else {
         ui->Lab4->setText(QStringLiteral("新") + m_ctx.session.itemLabel);
         ui->Lab4->show();
+        // A new item has no total yet: the next posting starts its running total afresh.
+        m_shownItem.clear();
+        m_runningTotal = 0;
     }
 }
 

@@ -1,5 +1,6 @@
 #include "QuickEntryRules.h"
 
+#include "LedgerItems.h"
 #include "Rights.h"
 #include "TextUtils.h"
 
@@ -92,7 +93,7 @@ PostingCheck CheckPosting(const PostingRequest& r)
     if (r.item.isEmpty())
         return refuse(QStringLiteral("请输入或选择") + r.itemLabel + QStringLiteral("！"), kTitle);
     const QString item = CollapseDashes(r.item);
-    const QString allItems = QStringLiteral("全部") + r.itemLabel;
+    const QString allItems = AllItemsEntry(r.itemLabel);
     if (item.contains(allItems))
         return refuse(r.itemLabel + QStringLiteral("中不能包含“") + allItems + QStringLiteral("”这样的词！"),
                       kTitle);
@@ -107,10 +108,10 @@ PostingCheck CheckPosting(const PostingRequest& r)
     check.posting.item = item;
     // The sign right reads the whole text, so "-0" counts as an increase.
     const double signedValue = NumericValue(text);
-    if (signedValue >= 0 && !Rights::Granted(r.rights, 2))
+    if (signedValue >= 0 && !Rights::Granted(r.rights, Right::RecordIncrease))
         return refuse(QStringLiteral("对不起，您只能记录") + r.quantityLabel + QStringLiteral("减少的账目！"),
                       QString());
-    if (signedValue < 0 && !Rights::Granted(r.rights, 3))
+    if (signedValue < 0 && !Rights::Granted(r.rights, Right::RecordDecrease))
         return refuse(QStringLiteral("对不起，您只能记录") + r.quantityLabel + QStringLiteral("增加的账目！"),
                       QString());
     return check;

@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QFile>
+#include <QSet>
 #include <QSqlDatabase>
 #include <QSqlError>
 #include <QSqlQuery>
@@ -37,9 +38,11 @@ void failOnUnexpected(const QString& what)
 }
 
 // Creates the program's database on the test server when missing, with the schema, and empties it.
-void preparePostgres(const QUrl& base, const QString& dbName)
+// A database may start its sessions with backslash escapes in quoted values, as old servers did.
+void preparePostgres(const QUrl& base, const QString& dbName, bool backslashEscapes)
 {
-    static bool created = false;
+    static QSet<QString> prepared;
+    const bool created = prepared.contains(dbName);
     const auto connect = [&](const QString& connection, const QString& database) {
         QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QPSQL"), connection);
         db.setHostName(base.host());
@@ -58,6 +61,9 @@ void preparePostgres(const QUrl& base, const QString& dbName)
             q.exec(QStringLiteral("select 1 from pg_database where datname='%1'").arg(dbName));
             if (!q.next())
                 QSqlQuery(admin).exec(QStringLiteral("create database %1").arg(dbName));
+            if (backslashEscapes)
+                QSqlQuery(admin).exec(
+                    QStringLiteral("alter database %1 set standard_conforming_strings=off").arg(dbName));
         }
         QSqlDatabase::removeDatabase(QStringLiteral("lz-admin"));
     }
@@ -71,7 +77,7 @@ void preparePostgres(const QUrl& base, const QString& dbName)
             for (const QString& statement : QString::fromUtf8(file.readAll()).split(QLatin1Char(';')))
                 if (!statement.trimmed().isEmpty() && !q.exec(statement))
                     qFatal("schema: %s", qPrintable(q.lastError().text()));
-            created = true;
+            prepared.insert(dbName);
         }
         q.exec(QStringLiteral("truncate Zhang, UsrLst, ZbLst"));
     }
@@ -83,8 +89,9 @@ DbConfig configFor(const QString& backend, const QString& folder)
     if (backend == QLatin1String("sqlite"))
         return DbConfig::embedded(folder);
     QUrl url(postgresBase());
-    const QString dbName = testDatabaseName();
-    preparePostgres(url, dbName);
+    const bool backslashEscapes = backend == QLatin1String("pg-backslash");
+    const QString dbName = testDatabaseName() + (backslashEscapes ? QStringLiteral("_bs") : QString());
+    preparePostgres(url, dbName, backslashEscapes);
     url.setPath(QLatin1Char('/') + dbName);
     if (backend == QLatin1String("odbc"))
         url.setScheme(QStringLiteral("odbc+postgresql"));
@@ -105,10 +112,20 @@ QStringList backends(bool withOdbc)
     return names;
 }
 
+QStringList everyServerSetting()
+{
+    return backends(true) << QStringLiteral("pg-backslash");
+}
+
 void addBackendRows(bool withOdbc)
 {
+    addBackendRows(backends(withOdbc));
+}
+
+void addBackendRows(const QStringList& names)
+{
     QTest::addColumn<QString>("backend");
-    for (const QString& name : backends(withOdbc))
+    for (const QString& name : names)
         QTest::newRow(qPrintable(name)) << name;
 }
 
@@ -117,6 +134,8 @@ TestContext::TestContext(const QString& backend)
       settings(dir.path() + QStringLiteral("/settings"))
 {
     db = std::make_unique<Database>(configFor(backend, dir.path()));
+    if (!db->prepareEmbeddedFile())
+        qFatal("cannot make the embedded ledger file");
 }
 
 QString TestContext::exec(const QString& sql)

@@ -19,8 +19,12 @@ namespace lanzhou::test {
 // whose address the test command puts in LANZHOU_TEST_POSTGRES; each test program gets its own
 // database there, emptied when a context is made.
 QStringList backends(bool withOdbc = false);
+// Every backend, and PostgreSQL whose database starts sessions with standard_conforming_strings off
+// ("pg-backslash"), where a backslash in a quoted value escapes the next character.
+QStringList everyServerSetting();
 // Adds one data row per backend, with a QString column "backend".
 void addBackendRows(bool withOdbc = false);
+void addBackendRows(const QStringList& names);
 
 // Everything a window needs, on a fresh ledger database, with scripted dialogs, a recording shell,
 // a fixed clock (2026-11-15 09:05:30.25) and settings in a temporary folder.

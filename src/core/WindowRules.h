@@ -1,0 +1,23 @@
+#pragma once
+
+class QComboBox;
+class QWidget;
+
+namespace lanzhou {
+
+// Behaviour every window of the program shares.
+
+// Keeps a window inside the screen it opens on: no larger than the space the desktop leaves, and
+// moved back inside when it would stand out. Called when the window is first shown.
+void FitIntoScreen(QWidget* window);
+
+// An editable item box takes exactly what the operator types: suggestions drop down while typing,
+// but only a chosen one replaces the text (no inline completion of "scr" to "screw").
+void TakeTypedTextAsIs(QComboBox* box);
+
+// Cuts every signal and event filter from the window's controls to the window, so that nothing the
+// controls do while they are destroyed (losing focus, a completer firing) reaches the window's
+// handlers. Called first in the window's destructor.
+void DetachHandlers(QWidget* window);
+
+} // namespace lanzhou
