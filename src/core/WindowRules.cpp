@@ -1,7 +1,6 @@
 #include "WindowRules.h"
 
 #include <QComboBox>
-#include <QCompleter>
 #include <QScreen>
 #include <QWidget>
 
@@ -32,11 +31,7 @@ void FitIntoScreen(QWidget* window)
 
 void TakeTypedTextAsIs(QComboBox* box)
 {
-    auto* completer = new QCompleter(box->model(), box);
-    completer->setCompletionMode(QCompleter::PopupCompletion);
-    completer->setCaseSensitivity(Qt::CaseInsensitive);
-    completer->setFilterMode(Qt::MatchContains);
-    box->setCompleter(completer);
+    box->setCompleter(nullptr);
 }
 
 void DetachHandlers(QWidget* window)

@@ -11,8 +11,8 @@ namespace lanzhou {
 // moved back inside when it would stand out. Called when the window is first shown.
 void FitIntoScreen(QWidget* window);
 
-// An editable item box takes exactly what the operator types: suggestions drop down while typing,
-// but only a chosen one replaces the text (no inline completion of "scr" to "screw").
+// An editable item box takes exactly what the operator types: no completion turns "scr" into
+// "screw"; the items are picked from the box's list.
 void TakeTypedTextAsIs(QComboBox* box);
 
 // Cuts every signal and event filter from the window's controls to the window, so that nothing the
