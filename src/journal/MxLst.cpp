@@ -18,6 +18,7 @@
 
 #include <QCloseEvent>
 #include <QElapsedTimer>
+#include <QFontMetrics>
 
 #include <cmath>
 #include <optional>
@@ -219,16 +220,22 @@ void MxLst::clearListing()
 
 void MxLst::showListing(const JournalLines& lines)
 {
-    ui->Lst->addItems(lines.lines());
-    ui->Lst2->addItems(lines.ids());
-    if (ui->Lst->count() == 0)
+    const QStringList& texts = lines.lines();
+    if (texts.isEmpty())
         return;
-    // Every line takes the first line's size: give it the width of the widest line.
+    // With uniform item sizes the list gives every line the size of its last one: that line is made
+    // as wide as the widest, so that no line is cut and the list scrolls sideways to the end of the
+    // longest.
     double widest = 0;
-    for (const QString& line : lines.lines())
+    for (const QString& line : texts)
         widest = qMax(widest, m_grid.widthPixels(line));
-    const int height = ui->Lst->sizeHintForRow(0);
-    ui->Lst->item(0)->setSizeHint(QSize(int(std::ceil(widest)) + 2 * ui->Lst->spacing() + 8, height));
+    ui->Lst->addItems(texts.first(texts.size() - 1));
+    const int height =
+        ui->Lst->count() > 0 ? ui->Lst->sizeHintForRow(0) : QFontMetrics(ui->Lst->font()).height();
+    auto* last = new QListWidgetItem(texts.last());
+    last->setSizeHint(QSize(int(std::ceil(widest)) + 8, height));
+    ui->Lst->addItem(last);
+    ui->Lst2->addItems(lines.ids());
 }
 
 QString MxLst::selectedEntryId() const
