@@ -38,6 +38,9 @@ inline double medianMs(int runs, const std::function<void()>& fn)
     return times.at(times.size() / 2);
 }
 
+// One figure: "BENCH <name> <backend> median_ms=<x> peak_rss_mib=<y>".
+void printFigure(const QString& name, const QString& backend, double medianMs, double peakMiB);
+
 // Peak resident memory of this process so far, in MiB (VmHWM).
 double peakMemoryMiB();
 // Resets the peak so that the next reading covers only what follows.

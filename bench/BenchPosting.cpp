@@ -11,8 +11,6 @@
 #include <QPushButton>
 #include <QTest>
 
-#include <cstdio>
-
 namespace lanzhou::bench {
 
 namespace {
@@ -52,8 +50,7 @@ void posting(const QStringList& backends)
             if (!confirmation->text().endsWith(QStringLiteral("  已保存！")))
                 qFatal("posting bench: not saved");
         });
-        std::printf("%-11s post to confirmation median %.1f ms (100000 entries, 1000 items)\n",
-                    qPrintable(backend), median);
+        printFigure(QStringLiteral("post_to_confirmation"), backend, median, peakMemoryMiB());
     }
 }
 

@@ -1,8 +1,6 @@
 #include "Bench.h"
 #include "LedgerGenerator.h"
 
-#include <cstdio>
-
 namespace lanzhou::bench {
 
 namespace {
@@ -24,8 +22,8 @@ void runners(const QStringList& backends)
                 QLatin1String("1000"))
                 qFatal("unexpected row count");
         });
-        std::printf("%-11s RunScalar median %.3f ms   RunQuery(1000 rows) median %.3f ms\n",
-                    qPrintable(backend), scalar, query);
+        printFigure(QStringLiteral("runscalar"), backend, scalar, peakMemoryMiB());
+        printFigure(QStringLiteral("runquery_1000_rows"), backend, query, peakMemoryMiB());
     }
 }
 

@@ -28,9 +28,10 @@ void generateLedger(test::TestContext& t, const LedgerShape& shape)
         insert.prepare(
             QStringLiteral("insert into Zhang (ZBID,USR,TM,ID,ITEM,SL,BZ) values (?,?,?,?,?,?,?)"));
         QRandomGenerator random(20261115);
-        const QDateTime start(QDate(shape.year, 1, 1), QTime(0, 0));
+        const QDateTime start(QDate(shape.year - 2, 1, 1), QTime(0, 0));
+        const auto span = quint32(start.secsTo(QDateTime(QDate(shape.year + 1, 1, 1), QTime(0, 0))));
         for (int i = 0; i < shape.entries; ++i) {
-            const QDateTime when = start.addSecs(qint64(random.bounded(365 * 24 * 3600)));
+            const QDateTime when = start.addSecs(qint64(random.bounded(span)));
             const int item = random.bounded(shape.items);
             const int amount = random.bounded(1, 200);
             insert.addBindValue(shape.ledgerId);

@@ -4,8 +4,8 @@
 
 namespace lanzhou::bench {
 
-// Fills a ledger with `entries` movements spread over `items` items and one year of times,
-// in one transaction, and registers the ledger and its operator.
+// Fills a ledger with `entries` movements spread over `items` items and three years of times (the
+// year named and the two before it), in one transaction, and registers the ledger and its operator.
 struct LedgerShape
 {
     QString ledgerId = QStringLiteral("13800000000");

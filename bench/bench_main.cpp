@@ -8,6 +8,13 @@
 
 namespace lanzhou::bench {
 
+void printFigure(const QString& name, const QString& backend, double medianMs, double peakMiB)
+{
+    std::printf("BENCH %s %s median_ms=%.3f peak_rss_mib=%.1f\n", qPrintable(name), qPrintable(backend),
+                medianMs, peakMiB);
+    std::fflush(stdout);
+}
+
 double peakMemoryMiB()
 {
     QFile status(QStringLiteral("/proc/self/status"));

@@ -14,6 +14,7 @@
 #include "Session.h"
 #include "TextGrid.h"
 #include "TextUtils.h"
+#include "WindowRules.h"
 
 #include <QEvent>
 
@@ -114,7 +115,16 @@ ZbTyp::ZbTyp(const AppContext& context, LedgerList& ledgers, Mode mode, QWidget*
     }
 }
 
-ZbTyp::~ZbTyp() = default;
+ZbTyp::~ZbTyp()
+{
+    DetachHandlers(this);
+}
+
+void ZbTyp::showEvent(QShowEvent* event)
+{
+    QDialog::showEvent(event);
+    FitIntoScreen(this);
+}
 
 bool ZbTyp::eventFilter(QObject* watched, QEvent* event)
 {

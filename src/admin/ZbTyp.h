@@ -38,6 +38,7 @@ public:
     ~ZbTyp() override;
 
 protected:
+    void showEvent(QShowEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
