@@ -16,7 +16,7 @@ void FitIntoScreen(QWidget* window);
 void TakeTypedTextAsIs(QComboBox* box);
 
 // Cuts every signal and event filter from the window's controls to the window, so that nothing the
-// controls do while they are destroyed (losing focus, a completer firing) reaches the window's
+// controls do while they are destroyed (an item box that loses the focus reports a pick) reaches the window's
 // handlers. Called first in the window's destructor.
 void DetachHandlers(QWidget* window);
 
