@@ -5,41 +5,101 @@
 #include "TestContext.h"
 #include "WindowDriver.h"
 
-#include <QComboBox>
 #include <QListWidget>
-#include <QPushButton>
-#include <QStringList>
+
+#include <memory>
 
 namespace lanzhou::test {
 
-// The ledger "L1" with item label 物品 and quantity label 存量, opened by 管理员 with all rights,
-// the server date cached as 2026-11-15 (the fixed clock's day).
-void openJournalLedger(TestContext& t);
-// Adds one row of Zhang as it stands.
-void addEntry(TestContext& t, const QString& ledgerId, const QString& op, const QString& time,
-              const QString& id, const QString& item, const QString& quantity, const QString& remark);
-// A small ledger: movements before, inside and after 2026-11-15, a tombstoned entry, an entry of
-// another ledger, an item written in two letter cases and an item name too long for its column.
-void addSampleEntries(TestContext& t);
+using namespace Qt::StringLiterals;
 
-QListWidget* list(QWidget* window, const QString& name);
-QComboBox* combo(QWidget* window, const QString& name);
-QPushButton* button(QWidget* window, const QString& name);
-void click(QWidget* window, const QString& buttonName);
-// Picks the entry of a drop-down list as the user would.
-void pick(QComboBox* list, const QString& text);
-void pickIndex(QComboBox* list, int index);
-// Clicks a line of a list (scrolled into view first).
-void clickLine(QListWidget* list, int row);
-void doubleClickLine(QListWidget* list, int row);
+// Adds rows to Zhang as they stand: "('L1','张三','2026-11-15 09:00','A03','A型螺丝',-2.5,'计划外')".
+inline void addEntries(TestContext& t, const QString& values)
+{
+    t.exec(u"insert into Zhang (ZBID,USR,TM,ID,ITEM,SL,BZ) values "_s + values);
+}
 
-// The entry IDs of the listing, in listing order.
-QStringList listedIds(MxLst& journal);
-// The row of the line showing the entry.
-int rowOfEntry(MxLst& journal, const QString& id);
-// The trimmed cells of a line, split at its bars.
-QStringList cells(const QString& line);
-// The editor the journal has open, or null.
-MxEd* openEditor(MxLst& journal);
+// The journal of ledger L1 (物品, 存量) as 管理员 with all rights on 2026-11-15, shown, driven as a
+// person would. The sample ledger: movements before, inside and after that day, a tombstoned entry,
+// an entry of another ledger, one item written in two letter cases, an item name too long for its
+// column.
+struct JournalWindow
+{
+    explicit JournalWindow(const QString& backend, bool sample = true)
+        : t(backend), context(open(t, sample)), window(std::make_unique<MxLst>(context)), d(window.get())
+    {
+        window->show();
+    }
+
+    static AppContext open(TestContext& t, bool sample)
+    {
+        t.openLedger(u"L1"_s, u"五金仓库"_s);
+        t.session.operators = {u"管理员"_s, u"张三"_s};
+        t.session.serverDateText = u"2026-11-15"_s;
+        t.session.serverDateDay = 15;
+        if (sample)
+            addEntries(t, u"('L1','管理员','2026-10-01 08:00','A01','A型螺丝',100,'期初'),"
+                          "('L1','管理员','2026-11-15 08:00','A02','A型螺丝',10,'入库'),"
+                          "('L1','张三','2026-11-15 09:00','A03','A型螺丝',-2.5,'计划外'),"
+                          "('L1','张三','2026-11-15 10:00','A04','B型螺母',0,'盘点'),"
+                          "('L1','管理员','2026-11-15 23:59','A05','B型螺母',-4,''),"
+                          "('L1','管理员','2026-11-16 00:00','A06','B型螺母',7,''),"
+                          "('L1','管理员','2026-11-15 00:00','A07','C型不锈钢加长垫圈（国标GB97.1规格M12）',"
+                          "1.123456789,'一条不会被截短的很长很长的备注'),"
+                          "('L1','管理员','2026-11-01 00:00','A11','d型弹簧',5,''),"
+                          "('L1','管理员','2026-11-15 12:00','A09','D型弹簧',3,''),"
+                          "('L1','管理员','2026-11-15 13:00','A10','d型弹簧',2,''),"
+                          "('管理员#L1#2026-11-14 10:00','管理员','2026-11-15 11:00','A08','A型螺丝',50,''),"
+                          "('L2','管理员','2026-11-15 11:00','B01','A型螺丝',1000,'')"_s);
+        return t.context();
+    }
+
+    // Every line of the table (Lst) or of the entry IDs behind its lines (Lst2).
+    QStringList lines(const QString& name = u"Lst"_s) const
+    {
+        QStringList texts;
+        auto* list = d.w<QListWidget>(name);
+        for (int i = 0; i < list->count(); ++i)
+            texts.append(list->item(i)->text());
+        return texts;
+    }
+    // The entry IDs in listing order.
+    QStringList ids() const
+    {
+        QStringList texts = lines(u"Lst2"_s);
+        texts.removeAll(QString());
+        return texts;
+    }
+    int rowOf(const QString& id) const { return lines(u"Lst2"_s).indexOf(id); }
+    void select(const QString& id) const { d.clickLine(u"Lst"_s, rowOf(id)); }
+    // The entry editor the journal has open, or null.
+    MxEd* editor() const
+    {
+        for (MxEd* open : window->findChildren<MxEd*>()) {
+            if (open->isVisible())
+                return open;
+        }
+        return nullptr;
+    }
+    // ZBID, USR, TM, ITEM, SL and BZ of the rows with the ID.
+    QList<QStringList> entry(const QString& id)
+    {
+        return t.rows(u"select ZBID,USR,TM,ITEM,SL,BZ from Zhang where ID='"_s + id + u"'"_s);
+    }
+    QString value(const QString& sql) { return t.rows(sql).value(0).value(0); }
+    // Runs the steps against a server that is down.
+    template <class Steps> void serverDown(Steps steps)
+    {
+        Database dead(unreachableConfig(u"postgresql"_s));
+        std::swap(*t.db, dead);
+        steps();
+        std::swap(*t.db, dead);
+    }
+
+    TestContext t;
+    AppContext context;
+    std::unique_ptr<MxLst> window;
+    WindowDriver d;
+};
 
 } // namespace lanzhou::test

@@ -1,13 +1,12 @@
 #include "JournalFixture.h"
 
 #include "EntryStatements.h"
-#include "Session.h"
 
-#include <QApplication>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QFrame>
-#include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QTest>
 
 using namespace lanzhou;
@@ -15,172 +14,148 @@ using namespace lanzhou::test;
 
 namespace {
 
-QLineEdit* edit(QWidget* window, const QString& name)
+// The entry time the editor's five lists show.
+QString timeShown(const WindowDriver& e)
 {
-    return window->findChild<QLineEdit*>(name);
-}
-
-void retype(QLineEdit* field, const QString& text)
-{
-    field->clear();
-    typeText(field, text);
-}
-
-QStringList times(MxEd* editor)
-{
-    QStringList texts;
+    QString text;
     for (int i = 0; i < 5; ++i)
-        texts.append(combo(editor, QStringLiteral("Cmb_%1").arg(i))->currentText());
-    return texts;
+        text += e.text(u"Cmb_%1"_s.arg(i)) + u' ';
+    return text.trimmed();
 }
-
-// A journal with the sample ledger listed and shown.
-struct ListedJournal
-{
-    explicit ListedJournal(const QString& backend) : t(backend), context(t.context())
-    {
-        openJournalLedger(t);
-        addSampleEntries(t);
-        journal = std::make_unique<MxLst>(context);
-        journal->show();
-        click(journal.get(), QStringLiteral("Cmd_0"));
-    }
-    void select(const QString& id)
-    {
-        clickLine(list(journal.get(), QStringLiteral("Lst")), rowOfEntry(*journal, id));
-    }
-    QList<QStringList> row(const QString& id)
-    {
-        return t.rows(QStringLiteral("select ZBID,USR,TM,ITEM,SL,BZ from Zhang where ID='") + id +
-                      QStringLiteral("'"));
-    }
-
-    TestContext t;
-    AppContext context;
-    std::unique_ptr<MxLst> journal;
-};
 
 } // namespace
 
+// The entry editor: the new entry IDs, its statements, modify, late entry and delete.
 class TestMxEd : public QObject
 {
     Q_OBJECT
 private slots:
-    void entryIdsAndStatements_data()
+    void entryIds_data()
     {
         QTest::addColumn<QDateTime>("when");
         QTest::addColumn<QString>("id");
-        QTest::newRow("second day") << QDateTime(QDate(2026, 1, 2), QTime(0, 0))
-                                    << QStringLiteral("780086400");
-        QTest::newRow("year start") << QDateTime(QDate(2026, 1, 1), QTime(0, 0))
-                                    << QStringLiteral("780000000");
-        QTest::newRow("eight digits")
-            << QDateTime(QDate(2026, 11, 15), QTime(8, 30)) << QStringLiteral("7827505800");
-        QTest::newRow("leap year end")
-            << QDateTime(QDate(2028, 12, 31), QTime(23, 59)) << QStringLiteral("8031622340");
-        QTest::newRow("base zero") << QDateTime(QDate(1948, 3, 1), QTime(0, 1)) << QStringLiteral("05184060");
-        QTest::newRow("before 1948") << QDateTime(QDate(1900, 1, 1), QTime(1, 0))
-                                     << QStringLiteral("-480003600");
+        QTest::newRow("year start") << QDateTime(QDate(2026, 1, 1), QTime(0, 0)) << u"780000000"_s;
+        QTest::newRow("leap year end") << QDateTime(QDate(2028, 12, 31), QTime(23, 59)) << u"8031622340"_s;
+        QTest::newRow("base zero") << QDateTime(QDate(1948, 3, 1), QTime(0, 1)) << u"05184060"_s;
+        QTest::newRow("before 1948") << QDateTime(QDate(1900, 1, 1), QTime(1, 0)) << u"-480003600"_s;
         // A spring-forward night elsewhere changes nothing: the calendar has no daylight saving.
         QTest::newRow("local time") << QDateTime(QDate(2026, 3, 29), QTime(2, 30), Qt::LocalTime)
-                                    << QStringLiteral("787525800");
+                                    << u"787525800"_s;
     }
-    void entryIdsAndStatements()
+    void entryIds()
     {
         QFETCH(QDateTime, when);
         QFETCH(QString, id);
         QCOMPARE(EditorEntryId(when), id);
-
-        const QString stone = TombstoneLedgerId(QStringLiteral("张三"), QStringLiteral("L1"),
-                                                QStringLiteral("2026-11-15"), QStringLiteral("09:05"));
-        QCOMPARE(stone, QStringLiteral("张三#L1#2026-11-15 09:05"));
-        QCOMPARE(
-            ModifyTombstoneStatement(stone, QStringLiteral("L1"), QStringLiteral("A1")),
-            QStringLiteral("update Zhang Set ZBID='张三#L1#2026-11-15 09:05'  where ZBID='L1' and ID='A1'"));
-        QCOMPARE(
-            DeleteTombstoneStatement(stone, QStringLiteral("L1"), QStringLiteral("A1")),
-            QStringLiteral("update Zhang Set ZBID='张三#L1#2026-11-15 09:05' where ZBID='L1' and ID='A1'"));
-        QCOMPARE(InsertEntryStatement(QStringLiteral("L1"), QStringLiteral("张三"),
-                                      QStringLiteral("2026-11-15 08:30"), QStringLiteral("7827505800"),
-                                      QStringLiteral("螺丝"), -0.125, QString()),
-                 QStringLiteral("insert into Zhang (ZBID,USR,TM,ID,ITEM,SL,BZ) values "
-                                "('L1','张三','2026-11-15 08:30','7827505800','螺丝',-0.125,'')"));
-        QCOMPARE(InsertEntryStatement(QStringLiteral("L1"), QStringLiteral("张三"), QString(), QString(),
-                                      QString(), 12345678901234.0, QString())
-                     .section(QLatin1Char(','), -2, -2),
-                 QStringLiteral("12345678901234"));
-        QCOMPARE(IdCheckStatement(QStringLiteral("L1"), QStringLiteral("A1")),
-                 QStringLiteral("select ID from Zhang where ZBID= like  '%L1%' and ID='A1'"));
     }
 
-    // Modify: the old row keeps everything but its ledger ID, the new one has a new ID.
-    void modifyEntry_data() { addBackendRows(); }
-    void modifyEntry()
+    void statements()
+    {
+        const QString stone = TombstoneLedgerId(u"张三"_s, u"L1"_s, u"2026-11-15"_s, u"09:05"_s);
+        QCOMPARE(stone, u"张三#L1#2026-11-15 09:05"_s);
+        QCOMPARE(ModifyTombstoneStatement(stone, u"L1"_s, u"A1"_s),
+                 u"update Zhang Set ZBID='张三#L1#2026-11-15 09:05'  where ZBID='L1' and ID='A1'"_s);
+        QCOMPARE(DeleteTombstoneStatement(stone, u"L1"_s, u"A1"_s),
+                 u"update Zhang Set ZBID='张三#L1#2026-11-15 09:05' where ZBID='L1' and ID='A1'"_s);
+        QCOMPARE(InsertEntryStatement(u"L1"_s, u"张三"_s, u"2026-11-15 08:30"_s, u"7827505800"_s, u"螺丝"_s,
+                                      -0.125, QString()),
+                 u"insert into Zhang (ZBID,USR,TM,ID,ITEM,SL,BZ) values "
+                 "('L1','张三','2026-11-15 08:30','7827505800','螺丝',-0.125,'')"_s);
+        QCOMPARE(InsertEntryStatement({}, {}, {}, {}, {}, 12345678901234.0, {}).section(u',', -2, -2),
+                 u"12345678901234"_s);
+        QCOMPARE(IdCheckStatement(u"L1"_s, u"A1"_s),
+                 u"select ID from Zhang where ZBID= like  '%L1%' and ID='A1'"_s);
+    }
+
+    // Modify: the old row keeps everything but its ledger ID, the new one has a new ID; a server that is
+    // down keeps what was typed for a retry. Then closing, deleting and an entry removed meanwhile.
+    void modifyAndDelete_data() { addBackendRows(); }
+    void modifyAndDelete()
     {
         QFETCH(QString, backend);
-        ListedJournal j(backend);
+        JournalWindow j(backend);
         TestContext& t = j.t;
         // The ID check never answers, on any server, even for an ID in use.
-        QCOMPARE(t.db->RunScalar(IdCheckStatement(QStringLiteral("L1"), QStringLiteral("A02"))), QString());
+        QCOMPARE(t.db->RunScalar(IdCheckStatement(u"L1"_s, u"A02"_s)), QString());
+        j.d.click(u"Cmd_0"_s);
+        const int row = j.rowOf(u"A02"_s);
+        j.select(u"A02"_s);
+        j.serverDown([&] { j.d.click(u"Cmd_4"_s); });
+        QCOMPARE(t.dialogs.texts(), QStringList{u"连接服务器失败！"_s});
+        QVERIFY(!j.editor());
 
-        const int row = rowOfEntry(*j.journal, QStringLiteral("A02"));
-        j.select(QStringLiteral("A02"));
-        click(j.journal.get(), QStringLiteral("Cmd_4"));
-        MxEd* editor = openEditor(*j.journal);
-        QVERIFY(editor);
-        QCOMPARE(editor->windowTitle(), QStringLiteral("修改账目"));
-        QVERIFY(editor->isModal());
-        QCOMPARE(combo(editor, QStringLiteral("CmbItm"))->currentText(), QStringLiteral("A型螺丝"));
-        QCOMPARE(edit(editor, QStringLiteral("TxtSL"))->text(), QStringLiteral("+10"));
-        QCOMPARE(edit(editor, QStringLiteral("TxtBZ"))->text(), QStringLiteral("入库"));
-        QCOMPARE(times(editor),
-                 (QStringList{QStringLiteral("2026"), QStringLiteral("11"), QStringLiteral("15"),
-                              QStringLiteral("08"), QStringLiteral("00")}));
-        QVERIFY(editor->findChild<QFrame*>(QStringLiteral("FrmWait"))->isHidden());
-        QVERIFY(editor->findChild<QCheckBox*>(QStringLiteral("Chk"))->isHidden());
-        QVERIFY(!button(editor, QStringLiteral("Cmd_1"))->isHidden());
+        j.d.click(u"Cmd_4"_s);
+        QVERIFY(j.editor());
+        WindowDriver e(j.editor());
+        QCOMPARE(j.editor()->windowTitle(), u"修改账目"_s);
+        QVERIFY(j.editor()->isModal());
+        QCOMPARE(e.text(u"CmbItm"_s) + e.text(u"TxtSL"_s) + e.text(u"TxtBZ"_s), u"A型螺丝+10入库"_s);
+        QCOMPARE(timeShown(e), u"2026 11 15 08 00"_s);
+        QVERIFY(e.w<QFrame>(u"FrmWait"_s)->isHidden());
+        QVERIFY(e.w<QCheckBox>(u"Chk"_s)->isHidden());
+        QVERIFY(!e.w<QPushButton>(u"Cmd_1"_s)->isHidden());
 
-        retype(edit(editor, QStringLiteral("TxtSL")), QStringLiteral("-3.5"));
-        retype(edit(editor, QStringLiteral("TxtBZ")), QStringLiteral("返工 - 退回"));
-        pick(combo(editor, QStringLiteral("Cmb_4")), QStringLiteral("30"));
-        click(editor, QStringLiteral("Cmd_0"));
+        e.type(u"TxtSL"_s, u"-3.5"_s);
+        e.type(u"TxtBZ"_s, u"返工 - 退回"_s);
+        e.pick(u"Cmb_4"_s, u"30"_s);
+        j.serverDown([&] { e.click(u"Cmd_0"_s); });
+        QCOMPARE(t.dialogs.lastText(), u"连接服务器失败，请重试！"_s);
+        QCOMPARE(t.dialogs.shown().constLast().title, u"提示"_s);
+        QCOMPARE(e.text(u"TxtSL"_s) + e.text(u"TxtBZ"_s), u"-3.5返工 - 退回"_s);
+        QVERIFY(e.w<QPushButton>(u"Cmd_0"_s)->isEnabled());
+        QCOMPARE(j.value(u"select count(*) from Zhang"_s), u"12"_s);
+        QCOMPARE(j.entry(u"A02"_s).at(0).at(0), u"L1"_s);
 
+        t.dialogs.clear();
+        e.click(u"Cmd_0"_s); // the retry
         QCOMPARE(t.dialogs.texts(), QStringList());
-        QVERIFY(!openEditor(*j.journal));
-        QCOMPARE(j.row(QStringLiteral("A02")),
-                 (QList<QStringList>{{QStringLiteral("管理员#L1#2026-11-15 09:05"), QStringLiteral("管理员"),
-                                      QStringLiteral("2026-11-15 08:00"), QStringLiteral("A型螺丝"),
-                                      QStringLiteral("10"), QStringLiteral("入库")}}));
-        QCOMPARE(j.row(QStringLiteral("7827505800")),
-                 (QList<QStringList>{{QStringLiteral("L1"), QStringLiteral("管理员"),
-                                      QStringLiteral("2026-11-15 08:30"), QStringLiteral("A型螺丝"),
-                                      QStringLiteral("-3.5"), QStringLiteral("返工-退回")}}));
+        QVERIFY(!j.editor());
+        QCOMPARE(j.entry(u"A02"_s),
+                 (QList<QStringList>{{u"管理员#L1#2026-11-15 09:05"_s, u"管理员"_s, u"2026-11-15 08:00"_s,
+                                      u"A型螺丝"_s, u"10"_s, u"入库"_s}}));
+        QCOMPARE(j.entry(u"7827505800"_s), (QList<QStringList>{{u"L1"_s, u"管理员"_s, u"2026-11-15 08:30"_s,
+                                                                u"A型螺丝"_s, u"-3.5"_s, u"返工-退回"_s}}));
         // The journal ran again on return, and the marker is spent.
         QVERIFY(t.session.journalRefreshMarker.isEmpty());
-        QVERIFY(!listedIds(*j.journal).contains(QStringLiteral("A02")));
-        QCOMPARE(listedIds(*j.journal).at(0), QStringLiteral("7827505800"));
-        QCOMPARE(list(j.journal.get(), QStringLiteral("Lst"))->currentRow(), row);
+        QCOMPARE(j.ids().mid(0, 2), (QStringList{u"7827505800"_s, u"A03"_s}));
+        QCOMPARE(j.d.w<QListWidget>(u"Lst"_s)->currentRow(), row);
 
-        // Closing without saving leaves the listing alone; an entry removed meanwhile is refused.
-        doubleClickLine(list(j.journal.get(), QStringLiteral("Lst")),
-                        rowOfEntry(*j.journal, QStringLiteral("A04")));
-        QVERIFY(openEditor(*j.journal));
-        click(openEditor(*j.journal), QStringLiteral("Cmd_2"));
-        QVERIFY(!openEditor(*j.journal));
-        t.exec(
-            QStringLiteral("update Zhang Set ZBID='张三#L1#2026-11-15 09:04' where ZBID='L1' and ID='A04'"));
-        j.select(QStringLiteral("A04"));
-        click(j.journal.get(), QStringLiteral("Cmd_4"));
-        QCOMPARE(t.dialogs.texts(),
-                 QStringList{QStringLiteral("您要修改的记录已经被删除！\n请返回\n重新【统计】再进行修改！")});
-        QVERIFY(!openEditor(*j.journal));
-        QVERIFY(listedIds(*j.journal).contains(QStringLiteral("A04")));
+        // Closing without saving; then the editor's delete: the right, the question, the tombstone.
+        j.d.doubleClickLine(u"Lst"_s, j.rowOf(u"A04"_s));
+        QVERIFY(j.editor());
+        WindowDriver(j.editor()).click(u"Cmd_2"_s);
+        QVERIFY(!j.editor());
+        j.d.click(u"Cmd_4"_s);
+        e.setWindow(j.editor());
+        t.session.setRights(u"11111111111011"_s);
+        e.click(u"Cmd_1"_s);
+        QCOMPARE(t.dialogs.texts(), QStringList{u"对不起，您无此权限！"_s});
+        t.session.setRights(QString());
+        t.dialogs.queueAnswer(DialogAnswer::No);
+        e.click(u"Cmd_1"_s);
+        QCOMPARE(j.editor(), e.window());
+        t.dialogs.queueAnswer(DialogAnswer::Yes);
+        e.click(u"Cmd_1"_s);
+        QCOMPARE(t.dialogs.texts().mid(1), QStringList(2, u"真的要删除这条记录吗？"_s));
+        QCOMPARE(t.dialogs.shown().at(2).defaultAnswer, DialogAnswer::No);
+        QVERIFY(!j.editor());
+        QCOMPARE(j.entry(u"A04"_s),
+                 (QList<QStringList>{{u"管理员#L1#2026-11-15 09:05"_s, u"张三"_s, u"2026-11-15 10:00"_s,
+                                      u"B型螺母"_s, u"0"_s, u"盘点"_s}}));
+        QCOMPARE(j.ids(), u"7827505800 A03 A05 A07 A09 A10"_s.split(u' '));
 
-        // Nothing selected.
+        // An entry removed meanwhile is refused; so is a line without an entry.
         t.dialogs.clear();
-        clickLine(list(j.journal.get(), QStringLiteral("Lst")), 0);
-        click(j.journal.get(), QStringLiteral("Cmd_4"));
-        QCOMPARE(t.dialogs.texts(), QStringList{QStringLiteral("请首先选择您要修改的记录行！")});
+        t.exec(u"update Zhang Set ZBID='张三#L1#2026-11-15 09:04' where ZBID='L1' and ID='A05'"_s);
+        j.select(u"A05"_s);
+        j.d.click(u"Cmd_4"_s);
+        QVERIFY(!j.editor());
+        QVERIFY(j.ids().contains(u"A05"_s));
+        j.d.clickLine(u"Lst"_s, 0);
+        j.d.click(u"Cmd_4"_s);
+        QCOMPARE(t.dialogs.texts(),
+                 (QStringList{u"您要修改的记录已经被删除！\n请返回\n重新【统计】再进行修改！"_s,
+                              u"请首先选择您要修改的记录行！"_s}));
     }
 
     // Late entry: the field signs, Enter moves on and saves, the editor stays until Chk says otherwise.
@@ -188,185 +163,91 @@ private slots:
     void lateEntry()
     {
         QFETCH(QString, backend);
-        ListedJournal j(backend);
+        JournalWindow j(backend);
         TestContext& t = j.t;
-        const QString statement = j.journal->lastStatement();
-        click(j.journal.get(), QStringLiteral("Cmd_3"));
-        MxEd* editor = openEditor(*j.journal);
-        QVERIFY(editor);
-        QCOMPARE(editor->windowTitle(), QStringLiteral("漏账补录"));
-        QVERIFY(button(editor, QStringLiteral("Cmd_1"))->isHidden());
-        QCOMPARE(times(editor),
-                 (QStringList{QStringLiteral("2026"), QStringLiteral("11"), QStringLiteral("15"),
-                              QStringLiteral("09"), QStringLiteral("05")}));
-        QComboBox* items = combo(editor, QStringLiteral("CmbItm"));
-        QCOMPARE(items->count(), 4);
-        QCOMPARE(items->currentText(), QString());
+        j.d.click(u"Cmd_0"_s);
+        const QString statement = j.window->lastStatement();
+        j.d.click(u"Cmd_3"_s);
+        QVERIFY(j.editor());
+        WindowDriver e(j.editor());
+        QCOMPARE(j.editor()->windowTitle(), u"漏账补录"_s);
+        QVERIFY(e.w<QPushButton>(u"Cmd_1"_s)->isHidden());
+        QCOMPARE(timeShown(e), u"2026 11 15 09 05"_s);
+        QCOMPARE(e.w<QComboBox>(u"CmbItm"_s)->count(), 4);
+        QCOMPARE(e.text(u"CmbItm"_s), QString());
 
-        typeText(items->lineEdit(), QStringLiteral("新品 - 甲型"));
-        pick(combo(editor, QStringLiteral("Cmb_1")), QStringLiteral("01"));
-        pick(combo(editor, QStringLiteral("Cmb_2")), QStringLiteral("02"));
-        pick(combo(editor, QStringLiteral("Cmb_3")), QStringLiteral("00"));
-        pick(combo(editor, QStringLiteral("Cmb_4")), QStringLiteral("00"));
-        QLineEdit* quantity = edit(editor, QStringLiteral("TxtSL"));
-        QLineEdit* remark = edit(editor, QStringLiteral("TxtBZ"));
-        typeText(quantity, QStringLiteral(".5"));
-        QCOMPARE(quantity->text(), QStringLiteral("+0.5"));
-        QApplication::setActiveWindow(editor);
-        quantity->setFocus();
-        QTest::keyClick(quantity, Qt::Key_Return);
-        QVERIFY(remark->hasFocus());
-        QCOMPARE(t.rows(QStringLiteral("select count(*) from Zhang")).at(0).at(0), QStringLiteral("12"));
-        typeText(remark, QStringLiteral("补 -录"));
-        QTest::keyClick(remark, Qt::Key_Return);
+        e.type(u"CmbItm"_s, u"新品 - 甲型"_s);
+        e.pick(u"Cmb_1"_s, u"01"_s);
+        e.pick(u"Cmb_2"_s, u"02"_s);
+        e.pick(u"Cmb_3"_s, u"00"_s);
+        e.pick(u"Cmb_4"_s, u"00"_s);
+        e.type(u"TxtSL"_s, u".5"_s);
+        QCOMPARE(e.text(u"TxtSL"_s), u"+0.5"_s);
+        e.press(u"TxtSL"_s, Qt::Key_Return);
+        QVERIFY(e.w<QLineEdit>(u"TxtBZ"_s)->hasFocus());
+        QCOMPARE(j.value(u"select count(*) from Zhang"_s), u"12"_s);
+        e.type(u"TxtBZ"_s, u"补 -录"_s);
+        e.press(u"TxtBZ"_s, Qt::Key_Return);
 
         QCOMPARE(t.dialogs.texts(), QStringList());
-        QCOMPARE(j.row(QStringLiteral("780086400")),
-                 (QList<QStringList>{{QStringLiteral("L1"), QStringLiteral("管理员"),
-                                      QStringLiteral("2026-01-02 00:00"), QStringLiteral("新品-甲型"),
-                                      QStringLiteral("0.5"), QStringLiteral("补-录")}}));
-        QCOMPARE(openEditor(*j.journal), editor);
-        QCOMPARE(editor->findChild<QLabel*>(QStringLiteral("Lab5"))->text(),
-                 QStringLiteral("新品-甲型 +0.5 补-录 已保存！"));
-        QCOMPARE(quantity->text(), QString());
-        QCOMPARE(remark->text(), QString());
-        QCOMPARE(items->currentText(), QStringLiteral("新品 - 甲型"));
-        QCOMPARE(times(editor),
-                 (QStringList{QStringLiteral("2026"), QStringLiteral("01"), QStringLiteral("02"),
-                              QStringLiteral("00"), QStringLiteral("00")}));
+        QCOMPARE(j.entry(u"780086400"_s), (QList<QStringList>{{u"L1"_s, u"管理员"_s, u"2026-01-02 00:00"_s,
+                                                               u"新品-甲型"_s, u"0.5"_s, u"补-录"_s}}));
+        QCOMPARE(j.editor(), e.window());
+        QCOMPARE(e.text(u"Lab5"_s), u"新品-甲型 +0.5 补-录 已保存！"_s);
+        QCOMPARE(e.text(u"TxtSL"_s) + e.text(u"TxtBZ"_s), QString());
+        QCOMPARE(e.text(u"CmbItm"_s), u"新品 - 甲型"_s);
+        QCOMPARE(timeShown(e), u"2026 01 02 00 00"_s);
 
         // Ticked, the editor closes after the next late entry, which takes the same ID.
-        QCheckBox* closeAfter = editor->findChild<QCheckBox*>(QStringLiteral("Chk"));
-        QTest::mouseClick(closeAfter, Qt::LeftButton, {}, QPoint(6, closeAfter->height() / 2));
+        auto* closeAfter = e.w<QCheckBox>(u"Chk"_s);
+        e.press(u"Chk"_s, Qt::Key_Space);
         QVERIFY(closeAfter->isChecked());
-        typeText(quantity, QStringLiteral("5"));
-        QCOMPARE(quantity->text(), QStringLiteral("+5"));
-        click(editor, QStringLiteral("Cmd_0"));
-        QVERIFY(!openEditor(*j.journal));
-        QCOMPARE(t.rows(QStringLiteral("select SL from Zhang where ID='780086400' order by SL")),
-                 (QList<QStringList>{{QStringLiteral("0.5")}, {QStringLiteral("5")}}));
+        e.type(u"TxtSL"_s, u"5"_s);
+        QCOMPARE(e.text(u"TxtSL"_s), u"+5"_s);
+        e.click(u"Cmd_0"_s);
+        QVERIFY(!j.editor());
+        QCOMPARE(t.rows(u"select SL from Zhang where ID='780086400' order by SL"_s),
+                 (QList<QStringList>{{u"0.5"_s}, {u"5"_s}}));
         // A late entry does not ask the journal to run again.
-        QCOMPARE(j.journal->lastStatement(), statement);
-        QVERIFY(!listedIds(*j.journal).contains(QStringLiteral("780086400")));
+        QCOMPARE(j.window->lastStatement(), statement);
+        QVERIFY(!j.ids().contains(u"780086400"_s));
     }
 
     // The checks run in their order and each stops the save with nothing written.
     void checksAndSigns()
     {
-        TestContext t;
-        openJournalLedger(t);
-        t.session.quantityLabel = QStringLiteral("余额");
-        AppContext context = t.context();
-        MxEd editor(context, MxEd::Use::LateEntry, {});
+        JournalWindow j(u"sqlite"_s, false);
+        j.t.session.quantityLabel = u"余额"_s;
+        MxEd editor(j.context, MxEd::Use::LateEntry, {});
         editor.show();
-        QLineEdit* item = combo(&editor, QStringLiteral("CmbItm"))->lineEdit();
-        QLineEdit* quantity = edit(&editor, QStringLiteral("TxtSL"));
-
-        const auto save = [&](const QString& itemText, const QString& quantityText) {
-            retype(item, itemText);
-            retype(quantity, quantityText);
-            click(&editor, QStringLiteral("Cmd_0"));
+        const WindowDriver e(&editor);
+        const auto save = [&](const QString& item, const QString& quantity) {
+            e.type(u"CmbItm"_s, item);
+            e.type(u"TxtSL"_s, quantity);
+            e.click(u"Cmd_0"_s);
         };
-        save(QStringLiteral(" ' "), QStringLiteral("x"));
-        save(QStringLiteral("螺丝"), QString());
-        save(QStringLiteral("螺丝"), QStringLiteral("5x"));
-        save(QStringLiteral("新全部物品"), QStringLiteral("+"));
-        save(QStringLiteral("新全部 物品"), QStringLiteral("1"));
-        save(QStringLiteral("全部物品"), QStringLiteral("1"));
-        QCOMPARE(t.dialogs.texts(),
-                 (QStringList{QStringLiteral("请输入或选择物品！"), QStringLiteral("请输入余额的数值！"),
-                              QStringLiteral("请输入余额的数值！"), QStringLiteral("请输入余额的数值！"),
-                              QStringLiteral("物品中不能包含“全部物品”这样的词！")}));
-        QCOMPARE(t.dialogs.shown().at(0).title, QStringLiteral("提示"));
-        QCOMPARE(t.dialogs.shown().at(1).title, QString());
-        QCOMPARE(t.dialogs.shown().at(4).title, QStringLiteral("提示"));
-        QCOMPARE(t.rows(QStringLiteral("select ITEM from Zhang")),
-                 (QList<QStringList>{{QStringLiteral("新全部 物品")}}));
+        save(u" ' "_s, u"x"_s);
+        save(u"螺丝"_s, QString());
+        save(u"螺丝"_s, u"5x"_s);
+        save(u"新全部物品"_s, u"+"_s);
+        save(u"新全部 物品"_s, u"1"_s);
+        save(u"全部物品"_s, u"1"_s);
+        QCOMPARE(j.t.dialogs.texts(),
+                 (QStringList{u"请输入或选择物品！"_s, u"请输入余额的数值！"_s, u"请输入余额的数值！"_s,
+                              u"请输入余额的数值！"_s, u"物品中不能包含“全部物品”这样的词！"_s}));
+        QCOMPARE(j.t.dialogs.shown().at(0).title, u"提示"_s);
+        QCOMPARE(j.t.dialogs.shown().at(1).title, QString());
+        QCOMPARE(j.t.dialogs.shown().at(4).title, u"提示"_s);
+        QCOMPARE(j.t.rows(u"select ITEM from Zhang"_s), (QList<QStringList>{{u"新全部 物品"_s}}));
 
-        for (const auto& [typed, shown] : {std::pair{QStringLiteral("5"), QStringLiteral("+5")},
-                                           {QStringLiteral(".5"), QStringLiteral("+0.5")},
-                                           {QStringLiteral(" 7 5"), QStringLiteral("+75")},
-                                           {QStringLiteral("-3"), QStringLiteral("-3")},
-                                           {QStringLiteral("+2"), QStringLiteral("+2")}}) {
-            retype(quantity, typed);
-            QCOMPARE(quantity->text(), shown);
+        for (const auto& [typed, shown] : {std::pair{u"5"_s, u"+5"_s},
+                                           {u".5"_s, u"+0.5"_s},
+                                           {u" 7 5"_s, u"+75"_s},
+                                           {u"-3"_s, u"-3"_s},
+                                           {u"+2"_s, u"+2"_s}}) {
+            e.type(u"TxtSL"_s, typed);
+            QCOMPARE(e.text(u"TxtSL"_s), shown);
         }
-    }
-
-    // The editor's delete: the journal's question, the one-blank tombstone, then the journal runs again.
-    void deleteFromEditor_data() { addBackendRows(); }
-    void deleteFromEditor()
-    {
-        QFETCH(QString, backend);
-        ListedJournal j(backend);
-        TestContext& t = j.t;
-        j.select(QStringLiteral("A04"));
-        click(j.journal.get(), QStringLiteral("Cmd_4"));
-        MxEd* editor = openEditor(*j.journal);
-        QVERIFY(editor);
-
-        t.session.setRights(QStringLiteral("11111111111011"));
-        click(editor, QStringLiteral("Cmd_1"));
-        QCOMPARE(t.dialogs.texts(), QStringList{QStringLiteral("对不起，您无此权限！")});
-        t.session.setRights(QString());
-        t.dialogs.queueAnswer(DialogAnswer::No);
-        click(editor, QStringLiteral("Cmd_1"));
-        QCOMPARE(openEditor(*j.journal), editor);
-        t.dialogs.queueAnswer(DialogAnswer::Yes);
-        click(editor, QStringLiteral("Cmd_1"));
-
-        QCOMPARE(t.dialogs.texts().mid(1), QStringList(2, QStringLiteral("真的要删除这条记录吗？")));
-        QCOMPARE(t.dialogs.shown().at(2).defaultAnswer, DialogAnswer::No);
-        QVERIFY(!openEditor(*j.journal));
-        QCOMPARE(j.row(QStringLiteral("A04")),
-                 (QList<QStringList>{{QStringLiteral("管理员#L1#2026-11-15 09:05"), QStringLiteral("张三"),
-                                      QStringLiteral("2026-11-15 10:00"), QStringLiteral("B型螺母"),
-                                      QStringLiteral("0"), QStringLiteral("盘点")}}));
-        QCOMPARE(t.rows(QStringLiteral("select count(*) from Zhang where ZBID='L1'")).at(0).at(0),
-                 QStringLiteral("9"));
-        QVERIFY(!listedIds(*j.journal).contains(QStringLiteral("A04")));
-        QCOMPARE(listedIds(*j.journal).size(), 6);
-    }
-
-    // A server that is down: the editor says so and keeps what was typed, so a retry can succeed.
-    void serverDown_data() { addBackendRows(); }
-    void serverDown()
-    {
-        QFETCH(QString, backend);
-        ListedJournal j(backend);
-        TestContext& t = j.t;
-        Database dead(unreachableConfig(QStringLiteral("postgresql")));
-
-        // Loading for a modify.
-        j.select(QStringLiteral("A02"));
-        std::swap(*t.db, dead);
-        click(j.journal.get(), QStringLiteral("Cmd_4"));
-        std::swap(*t.db, dead);
-        QCOMPARE(t.dialogs.texts(), QStringList{QStringLiteral("连接服务器失败！")});
-        QVERIFY(!openEditor(*j.journal));
-
-        // Saving a modify: neither tombstone nor new row.
-        click(j.journal.get(), QStringLiteral("Cmd_4"));
-        MxEd* editor = openEditor(*j.journal);
-        QVERIFY(editor);
-        retype(edit(editor, QStringLiteral("TxtSL")), QStringLiteral("11"));
-        std::swap(*t.db, dead);
-        click(editor, QStringLiteral("Cmd_0"));
-        std::swap(*t.db, dead);
-        QCOMPARE(t.dialogs.lastText(), QStringLiteral("连接服务器失败，请重试！"));
-        QCOMPARE(t.dialogs.shown().constLast().title, QStringLiteral("提示"));
-        QCOMPARE(openEditor(*j.journal), editor);
-        QCOMPARE(edit(editor, QStringLiteral("TxtSL"))->text(), QStringLiteral("+11"));
-        QCOMPARE(edit(editor, QStringLiteral("TxtBZ"))->text(), QStringLiteral("入库"));
-        QVERIFY(button(editor, QStringLiteral("Cmd_0"))->isEnabled());
-        QCOMPARE(j.row(QStringLiteral("A02")).at(0).at(0), QStringLiteral("L1"));
-        QCOMPARE(t.rows(QStringLiteral("select count(*) from Zhang")).at(0).at(0), QStringLiteral("12"));
-
-        // The retry goes through.
-        click(editor, QStringLiteral("Cmd_0"));
-        QVERIFY(!openEditor(*j.journal));
-        QCOMPARE(t.rows(QStringLiteral("select SL from Zhang where ZBID='L1' and TM='2026-11-15 08:00'")),
-                 (QList<QStringList>{{QStringLiteral("11")}}));
     }
 };
 
