@@ -19,6 +19,15 @@ inline void addEntries(TestContext& t, const QString& values)
     t.exec(u"insert into Zhang (ZBID,USR,TM,ID,ITEM,SL,BZ) values "_s + values);
 }
 
+// The texts of the named controls, joined by blanks.
+inline QString texts(const WindowDriver& d, const QString& names)
+{
+    QStringList texts;
+    for (const QString& name : names.split(u' '))
+        texts.append(d.text(name));
+    return texts.join(u' ');
+}
+
 // The journal of ledger L1 (物品, 存量) as 管理员 with all rights on 2026-11-15, shown, driven as a
 // person would. The sample ledger: movements before, inside and after that day, a tombstoned entry,
 // an entry of another ledger, one item written in two letter cases, an item name too long for its
@@ -81,12 +90,19 @@ struct JournalWindow
         }
         return nullptr;
     }
-    // ZBID, USR, TM, ITEM, SL and BZ of the rows with the ID.
-    QList<QStringList> entry(const QString& id)
+    // The rows of a read: fields joined by "|", rows by ";".
+    QString rows(const QString& sql)
     {
-        return t.rows(u"select ZBID,USR,TM,ITEM,SL,BZ from Zhang where ID='"_s + id + u"'"_s);
+        QStringList texts;
+        for (const QStringList& row : t.rows(sql))
+            texts.append(row.join(u'|'));
+        return texts.join(u';');
     }
-    QString value(const QString& sql) { return t.rows(sql).value(0).value(0); }
+    // ZBID|USR|TM|ITEM|SL|BZ of the rows with the ID.
+    QString entry(const QString& id)
+    {
+        return rows(u"select ZBID,USR,TM,ITEM,SL,BZ from Zhang where ID='"_s + id + u"'"_s);
+    }
     // Runs the steps against a server that is down.
     template <class Steps> void serverDown(Steps steps)
     {

@@ -6,24 +6,12 @@
 #include <QComboBox>
 #include <QFrame>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPushButton>
 #include <QTest>
 
 using namespace lanzhou;
 using namespace lanzhou::test;
-
-namespace {
-
-// The entry time the editor's five lists show.
-QString timeShown(const WindowDriver& e)
-{
-    QString text;
-    for (int i = 0; i < 5; ++i)
-        text += e.text(u"Cmb_%1"_s.arg(i)) + u' ';
-    return text.trimmed();
-}
-
-} // namespace
 
 // The entry editor: the new entry IDs, its statements, modify, late entry and delete.
 class TestMxEd : public QObject
@@ -89,32 +77,26 @@ private slots:
         WindowDriver e(j.editor());
         QCOMPARE(j.editor()->windowTitle(), u"修改账目"_s);
         QVERIFY(j.editor()->isModal());
-        QCOMPARE(e.text(u"CmbItm"_s) + e.text(u"TxtSL"_s) + e.text(u"TxtBZ"_s), u"A型螺丝+10入库"_s);
-        QCOMPARE(timeShown(e), u"2026 11 15 08 00"_s);
-        QVERIFY(e.w<QFrame>(u"FrmWait"_s)->isHidden());
-        QVERIFY(e.w<QCheckBox>(u"Chk"_s)->isHidden());
-        QVERIFY(!e.w<QPushButton>(u"Cmd_1"_s)->isHidden());
-
+        QCOMPARE(texts(e, u"CmbItm TxtSL TxtBZ Cmb_0 Cmb_1 Cmb_2 Cmb_3 Cmb_4"_s),
+                 u"A型螺丝 +10 入库 2026 11 15 08 00"_s);
+        QVERIFY(e.w<QFrame>(u"FrmWait"_s)->isHidden() && e.w<QCheckBox>(u"Chk"_s)->isHidden());
+        QVERIFY(e.w<QPushButton>(u"Cmd_1"_s)->isVisible());
         e.type(u"TxtSL"_s, u"-3.5"_s);
         e.type(u"TxtBZ"_s, u"返工 - 退回"_s);
         e.pick(u"Cmb_4"_s, u"30"_s);
         j.serverDown([&] { e.click(u"Cmd_0"_s); });
         QCOMPARE(t.dialogs.lastText(), u"连接服务器失败，请重试！"_s);
         QCOMPARE(t.dialogs.shown().constLast().title, u"提示"_s);
-        QCOMPARE(e.text(u"TxtSL"_s) + e.text(u"TxtBZ"_s), u"-3.5返工 - 退回"_s);
+        QCOMPARE(texts(e, u"TxtSL TxtBZ"_s), u"-3.5 返工 - 退回"_s);
         QVERIFY(e.w<QPushButton>(u"Cmd_0"_s)->isEnabled());
-        QCOMPARE(j.value(u"select count(*) from Zhang"_s), u"12"_s);
-        QCOMPARE(j.entry(u"A02"_s).at(0).at(0), u"L1"_s);
+        QCOMPARE(j.rows(u"select count(*) from Zhang"_s) + j.entry(u"A02"_s).left(3), u"12L1|"_s);
 
         t.dialogs.clear();
         e.click(u"Cmd_0"_s); // the retry
         QCOMPARE(t.dialogs.texts(), QStringList());
         QVERIFY(!j.editor());
-        QCOMPARE(j.entry(u"A02"_s),
-                 (QList<QStringList>{{u"管理员#L1#2026-11-15 09:05"_s, u"管理员"_s, u"2026-11-15 08:00"_s,
-                                      u"A型螺丝"_s, u"10"_s, u"入库"_s}}));
-        QCOMPARE(j.entry(u"7827505800"_s), (QList<QStringList>{{u"L1"_s, u"管理员"_s, u"2026-11-15 08:30"_s,
-                                                                u"A型螺丝"_s, u"-3.5"_s, u"返工-退回"_s}}));
+        QCOMPARE(j.entry(u"A02"_s), u"管理员#L1#2026-11-15 09:05|管理员|2026-11-15 08:00|A型螺丝|10|入库"_s);
+        QCOMPARE(j.entry(u"7827505800"_s), u"L1|管理员|2026-11-15 08:30|A型螺丝|-3.5|返工-退回"_s);
         // The journal ran again on return, and the marker is spent.
         QVERIFY(t.session.journalRefreshMarker.isEmpty());
         QCOMPARE(j.ids().mid(0, 2), (QStringList{u"7827505800"_s, u"A03"_s}));
@@ -122,26 +104,23 @@ private slots:
 
         // Closing without saving; then the editor's delete: the right, the question, the tombstone.
         j.d.doubleClickLine(u"Lst"_s, j.rowOf(u"A04"_s));
-        QVERIFY(j.editor());
-        WindowDriver(j.editor()).click(u"Cmd_2"_s);
+        e.setWindow(j.editor());
+        e.click(u"Cmd_2"_s);
         QVERIFY(!j.editor());
         j.d.click(u"Cmd_4"_s);
         e.setWindow(j.editor());
         t.session.setRights(u"11111111111011"_s);
         e.click(u"Cmd_1"_s);
-        QCOMPARE(t.dialogs.texts(), QStringList{u"对不起，您无此权限！"_s});
         t.session.setRights(QString());
         t.dialogs.queueAnswer(DialogAnswer::No);
         e.click(u"Cmd_1"_s);
         QCOMPARE(j.editor(), e.window());
         t.dialogs.queueAnswer(DialogAnswer::Yes);
         e.click(u"Cmd_1"_s);
-        QCOMPARE(t.dialogs.texts().mid(1), QStringList(2, u"真的要删除这条记录吗？"_s));
-        QCOMPARE(t.dialogs.shown().at(2).defaultAnswer, DialogAnswer::No);
+        QCOMPARE(t.dialogs.texts(), (QStringList{u"对不起，您无此权限！"_s, u"真的要删除这条记录吗？"_s,
+                                                 u"真的要删除这条记录吗？"_s}));
         QVERIFY(!j.editor());
-        QCOMPARE(j.entry(u"A04"_s),
-                 (QList<QStringList>{{u"管理员#L1#2026-11-15 09:05"_s, u"张三"_s, u"2026-11-15 10:00"_s,
-                                      u"B型螺母"_s, u"0"_s, u"盘点"_s}}));
+        QCOMPARE(j.entry(u"A04"_s), u"管理员#L1#2026-11-15 09:05|张三|2026-11-15 10:00|B型螺母|0|盘点"_s);
         QCOMPARE(j.ids(), u"7827505800 A03 A05 A07 A09 A10"_s.split(u' '));
 
         // An entry removed meanwhile is refused; so is a line without an entry.
@@ -164,7 +143,6 @@ private slots:
     {
         QFETCH(QString, backend);
         JournalWindow j(backend);
-        TestContext& t = j.t;
         j.d.click(u"Cmd_0"_s);
         const QString statement = j.window->lastStatement();
         j.d.click(u"Cmd_3"_s);
@@ -172,9 +150,8 @@ private slots:
         WindowDriver e(j.editor());
         QCOMPARE(j.editor()->windowTitle(), u"漏账补录"_s);
         QVERIFY(e.w<QPushButton>(u"Cmd_1"_s)->isHidden());
-        QCOMPARE(timeShown(e), u"2026 11 15 09 05"_s);
-        QCOMPARE(e.w<QComboBox>(u"CmbItm"_s)->count(), 4);
-        QCOMPARE(e.text(u"CmbItm"_s), QString());
+        QCOMPARE(texts(e, u"CmbItm Cmb_0 Cmb_1 Cmb_2 Cmb_3 Cmb_4"_s), u" 2026 11 15 09 05"_s);
+        QCOMPARE(e.w<QComboBox>(u"CmbItm"_s)->count(), 4); // the journal's items without 全部物品
 
         e.type(u"CmbItm"_s, u"新品 - 甲型"_s);
         e.pick(u"Cmb_1"_s, u"01"_s);
@@ -185,35 +162,30 @@ private slots:
         QCOMPARE(e.text(u"TxtSL"_s), u"+0.5"_s);
         e.press(u"TxtSL"_s, Qt::Key_Return);
         QVERIFY(e.w<QLineEdit>(u"TxtBZ"_s)->hasFocus());
-        QCOMPARE(j.value(u"select count(*) from Zhang"_s), u"12"_s);
+        QCOMPARE(j.rows(u"select count(*) from Zhang"_s), u"12"_s);
         e.type(u"TxtBZ"_s, u"补 -录"_s);
         e.press(u"TxtBZ"_s, Qt::Key_Return);
 
-        QCOMPARE(t.dialogs.texts(), QStringList());
-        QCOMPARE(j.entry(u"780086400"_s), (QList<QStringList>{{u"L1"_s, u"管理员"_s, u"2026-01-02 00:00"_s,
-                                                               u"新品-甲型"_s, u"0.5"_s, u"补-录"_s}}));
+        QCOMPARE(j.t.dialogs.texts(), QStringList());
+        QCOMPARE(j.entry(u"780086400"_s), u"L1|管理员|2026-01-02 00:00|新品-甲型|0.5|补-录"_s);
         QCOMPARE(j.editor(), e.window());
         QCOMPARE(e.text(u"Lab5"_s), u"新品-甲型 +0.5 补-录 已保存！"_s);
-        QCOMPARE(e.text(u"TxtSL"_s) + e.text(u"TxtBZ"_s), QString());
-        QCOMPARE(e.text(u"CmbItm"_s), u"新品 - 甲型"_s);
-        QCOMPARE(timeShown(e), u"2026 01 02 00 00"_s);
+        QCOMPARE(texts(e, u"TxtSL TxtBZ CmbItm Cmb_0 Cmb_1 Cmb_2 Cmb_3 Cmb_4"_s),
+                 u"  新品 - 甲型 2026 01 02 00 00"_s);
 
         // Ticked, the editor closes after the next late entry, which takes the same ID.
-        auto* closeAfter = e.w<QCheckBox>(u"Chk"_s);
         e.press(u"Chk"_s, Qt::Key_Space);
-        QVERIFY(closeAfter->isChecked());
+        QVERIFY(e.w<QCheckBox>(u"Chk"_s)->isChecked());
         e.type(u"TxtSL"_s, u"5"_s);
-        QCOMPARE(e.text(u"TxtSL"_s), u"+5"_s);
         e.click(u"Cmd_0"_s);
         QVERIFY(!j.editor());
-        QCOMPARE(t.rows(u"select SL from Zhang where ID='780086400' order by SL"_s),
-                 (QList<QStringList>{{u"0.5"_s}, {u"5"_s}}));
+        QCOMPARE(j.rows(u"select SL from Zhang where ID='780086400' order by SL"_s), u"0.5;5"_s);
         // A late entry does not ask the journal to run again.
         QCOMPARE(j.window->lastStatement(), statement);
         QVERIFY(!j.ids().contains(u"780086400"_s));
     }
 
-    // The checks run in their order and each stops the save with nothing written.
+    // The checks run in their order and each stops the save with nothing written; the quantity's sign.
     void checksAndSigns()
     {
         JournalWindow j(u"sqlite"_s, false);
@@ -235,19 +207,16 @@ private slots:
         QCOMPARE(j.t.dialogs.texts(),
                  (QStringList{u"请输入或选择物品！"_s, u"请输入余额的数值！"_s, u"请输入余额的数值！"_s,
                               u"请输入余额的数值！"_s, u"物品中不能包含“全部物品”这样的词！"_s}));
-        QCOMPARE(j.t.dialogs.shown().at(0).title, u"提示"_s);
-        QCOMPARE(j.t.dialogs.shown().at(1).title, QString());
+        QCOMPARE(j.t.dialogs.shown().at(0).title + j.t.dialogs.shown().at(1).title, u"提示"_s);
         QCOMPARE(j.t.dialogs.shown().at(4).title, u"提示"_s);
-        QCOMPARE(j.t.rows(u"select ITEM from Zhang"_s), (QList<QStringList>{{u"新全部 物品"_s}}));
+        QCOMPARE(j.rows(u"select ITEM from Zhang"_s), u"新全部 物品"_s);
 
-        for (const auto& [typed, shown] : {std::pair{u"5"_s, u"+5"_s},
-                                           {u".5"_s, u"+0.5"_s},
-                                           {u" 7 5"_s, u"+75"_s},
-                                           {u"-3"_s, u"-3"_s},
-                                           {u"+2"_s, u"+2"_s}}) {
+        QStringList shown;
+        for (const QString& typed : {u"5"_s, u" 7 5"_s, u"-3"_s, u"+2"_s}) {
             e.type(u"TxtSL"_s, typed);
-            QCOMPARE(e.text(u"TxtSL"_s), shown);
+            shown.append(e.text(u"TxtSL"_s));
         }
+        QCOMPARE(shown, (QStringList{u"+5"_s, u"+75"_s, u"-3"_s, u"+2"_s}));
     }
 };
 

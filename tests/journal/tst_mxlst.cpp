@@ -33,10 +33,7 @@ QList<int> crossings(const TextGrid& grid, const QString& line)
     return at;
 }
 
-QStringList split(const QString& words)
-{
-    return words.split(u' ');
-}
+const auto split = [](const QString& words) { return words.split(u' '); };
 
 } // namespace
 
@@ -118,72 +115,54 @@ private slots:
         QVERIFY(d.w<QPushButton>(u"CmdWait"_s)->isHidden());
     }
 
-    // Each filter and sort on the sample day: its clause, whether the balance column stays, the entries.
+    // Each filter and sort on the sample day, set as control=entry pairs: its clause, whether the
+    // balance column stays, the entries listed.
     void filtersAndSorts_data()
     {
         QTest::addColumn<QString>("backend");
-        QTest::addColumn<QString>("item");
-        QTest::addColumn<int>("relation");
-        QTest::addColumn<int>("sign");
-        QTest::addColumn<QString>("remark");
-        QTest::addColumn<QString>("op");
-        QTest::addColumn<int>("sort");
+        QTest::addColumn<QString>("filters");
         QTest::addColumn<QString>("clauses");
         QTest::addColumn<bool>("balance");
         QTest::addColumn<QString>("ids");
         const QString byItem = u" order by Item,TM,ID "_s;
         const QString all = u"A02 A03 A04 A05 A07 A09 A10"_s;
         for (const QString& b : backends()) {
-            const auto row = [&](const char* name, const QString& item, int relation, int sign,
-                                 const QString& remark, const QString& op, int sort, const QString& clauses,
-                                 bool balance, const QString& ids) {
-                QTest::newRow(qPrintable(b + u'/' + QLatin1String(name)))
-                    << b << item << relation << sign << remark << op << sort << clauses << balance << ids;
+            const auto row = [&](const QString& filters, const QString& clauses, bool balance,
+                                 const QString& ids) {
+                QTest::newRow(qPrintable(b + u'/' + filters)) << b << filters << clauses << balance << ids;
             };
-            row("item contains", u"型螺"_s, 1, 0, {}, {}, 0, u" And Item like '%型螺%' "_s + byItem, true,
-                u"A02 A03 A04 A05"_s);
             // Cleaned of blanks and apostrophes; the server compares items without letter case.
-            row("item in other case", u" a型'螺丝 "_s, 0, 0, {}, {}, 0, u" And Item='a型螺丝' "_s + byItem,
-                true, u"A02 A03"_s);
-            row("item wildcard", u"%"_s, 1, 0, {}, {}, 0, u" And Item like '%%%' "_s + byItem, true, all);
-            row("all items entry", u"全部物品"_s, 0, 0, {}, {}, 0, byItem, true, all);
-            row("increases", {}, 0, 1, {}, {}, 0, u" And SL>=0 "_s + byItem, false, u"A02 A04 A07 A09 A10"_s);
-            row("decreases", {}, 0, 2, {}, {}, 0, u" And SL<0 "_s + byItem, false, u"A03 A05"_s);
-            row("remark with apostrophe", {}, 0, 0, u"计划'外"_s, {}, 0,
-                u" And Bz like '%计划外%' "_s + byItem, false, u"A03"_s);
-            row("remark wildcard", {}, 0, 0, u"_"_s, {}, 0, u" And Bz like '%_%' "_s + byItem, false,
-                u"A02 A03 A04 A07"_s);
-            row("operator", {}, 0, 0, {}, u"张三"_s, 0, u" And Usr = '张三' "_s + byItem, false,
-                u"A03 A04"_s);
-            row("by time", {}, 0, 0, {}, {}, 1, u" order by TM,ID "_s, false,
-                u"A07 A02 A03 A04 A09 A10 A05"_s);
-            row("by quantity", {}, 0, 0, {}, {}, 2, u" order by SL desc,Item,TM "_s, false,
-                u"A02 A09 A10 A07 A04 A03 A05"_s);
+            row(u"CmbItm= a型'螺丝 "_s, u" And Item='a型螺丝' "_s + byItem, true, u"A02 A03"_s);
+            row(u"CmbItm=型螺;CmbGX1=包含"_s, u" And Item like '%型螺%' "_s + byItem, true,
+                u"A02 A03 A04 A05"_s);
+            row(u"CmbItm=%;CmbGX1=包含"_s, u" And Item like '%%%' "_s + byItem, true, all);
+            row(u"CmbItm=全部物品"_s, byItem, true, all);
+            row(u"CmbSL=增加"_s, u" And SL>=0 "_s + byItem, false, u"A02 A04 A07 A09 A10"_s);
+            row(u"CmbSL=减少"_s, u" And SL<0 "_s + byItem, false, u"A03 A05"_s);
+            row(u"TxtBZ=计划'外"_s, u" And Bz like '%计划外%' "_s + byItem, false, u"A03"_s);
+            row(u"TxtBZ=_"_s, u" And Bz like '%_%' "_s + byItem, false, u"A02 A03 A04 A07"_s);
+            row(u"CmbUsr=张三"_s, u" And Usr = '张三' "_s + byItem, false, u"A03 A04"_s);
+            row(u"CmbSort=时间"_s, u" order by TM,ID "_s, false, u"A07 A02 A03 A04 A09 A10 A05"_s);
+            row(u"CmbSort=数值"_s, u" order by SL desc,Item,TM "_s, false, u"A02 A09 A10 A07 A04 A03 A05"_s);
         }
     }
     void filtersAndSorts()
     {
         QFETCH(QString, backend);
-        QFETCH(QString, item);
-        QFETCH(int, relation);
-        QFETCH(int, sign);
-        QFETCH(QString, remark);
-        QFETCH(QString, op);
-        QFETCH(int, sort);
+        QFETCH(QString, filters);
         QFETCH(QString, clauses);
         QFETCH(bool, balance);
         QFETCH(QString, ids);
         JournalWindow j(backend);
-        const WindowDriver& d = j.d;
-        if (!item.isEmpty())
-            d.type(u"CmbItm"_s, item);
-        d.pickIndex(u"CmbGX1"_s, relation);
-        d.pickIndex(u"CmbSL"_s, sign);
-        d.type(u"TxtBZ"_s, remark);
-        if (!op.isEmpty())
-            d.pick(u"CmbUsr"_s, op);
-        d.pickIndex(u"CmbSort"_s, sort);
-        d.click(u"Cmd_0"_s);
+        for (const QString& set : filters.split(u';')) {
+            const QString control = set.section(u'=', 0, 0);
+            auto* list = qobject_cast<QComboBox*>(j.d.w<QWidget>(control));
+            if (list && !list->isEditable())
+                j.d.pick(control, set.section(u'=', 1));
+            else
+                j.d.type(control, set.section(u'=', 1));
+        }
+        j.d.click(u"Cmd_0"_s);
 
         QCOMPARE(j.t.dialogs.texts(), QStringList());
         QCOMPARE(j.window->lastStatement(), head + u"15 00:00'  And TM<='2026-11-15 23:59' "_s + clauses);
