@@ -7,10 +7,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QFrame>
-#include <QLineEdit>
 #include <QListWidget>
-#include <QPushButton>
 #include <QTest>
 
 using namespace lanzhou;
@@ -30,6 +27,19 @@ const auto split = [](const QString& words) { return words.split(u' '); };
 void addEntries(TestContext& t, const QString& values)
 {
     t.exec(u"insert into Zhang (ZBID,USR,TM,ID,ITEM,SL,BZ) values "_s + values);
+}
+
+// Sets controls as a person would from "name=entry" pairs: picks from a fixed list, types into the rest.
+void set(const WindowDriver& d, const QString& pairs)
+{
+    for (const QString& pair : pairs.split(u';')) {
+        const QString name = pair.section(u'=', 0, 0);
+        auto* list = qobject_cast<QComboBox*>(d.w<QWidget>(name));
+        if (list && !list->isEditable())
+            d.pick(name, pair.section(u'=', 1));
+        else
+            d.type(name, pair.section(u'=', 1));
+    }
 }
 
 // The texts of the named controls, joined by blanks.
@@ -169,10 +179,9 @@ private slots:
         addEntries(j.t, u"('L1','管理员','2026-11-02 00:00','A12','B型螺母',-30.25,''),"
                         "('L1','管理员','2026-11-01 23:59','A13','B型螺母',12,'')"_s);
         QCOMPARE(j.window->windowTitle(), u"物品流水账"_s);
-        QCOMPARE(texts(d, u"LabItm CmbItm"_s), u"物品： 全部物品"_s);
+        QCOMPARE(texts(d, u"LabItm CmbItm CmbSort"_s), u"物品： 全部物品 物品"_s);
         // A, B, C and the one d/D item: tombstones and other ledgers stay out.
         QCOMPARE(d.w<QComboBox>(u"CmbItm"_s)->count(), 5);
-        QCOMPARE(d.w<QComboBox>(u"CmbSort"_s)->itemText(0), u"物品"_s);
         d.pick(u"Cmb_2"_s, u"02"_s);
         d.click(u"Cmd_0"_s);
         QCOMPARE(j.window->lastStatement(),
@@ -184,16 +193,12 @@ private slots:
         const QStringList shown = j.lines();
         QCOMPARE(cells(shown.at(1)), u"操作员|时间|物品|增加|减少|存量|备注"_s);
         QCOMPARE(cells(shown.at(6)), u"张三|2026-11-15 09:00|A型螺丝||2.5|107.5|计划外"_s);
-        const auto column = [&](int cell) {
-            QStringList texts;
-            for (int i = 5; i < 13; ++i)
-                texts.append(cells(shown.at(i)).section(u'|', cell, cell));
-            return texts.join(u'|');
-        };
+        QStringList amounts; // increase|decrease|balance of each entry
+        for (int i = 5; i < 13; ++i)
+            amounts.append(cells(shown.at(i)).section(u'|', 3, 5));
         // Zero is an increase; D型弹簧 and d型弹簧 are one item with one opening balance (5).
-        QCOMPARE(column(3), u"10|||0||1.12345679|3|2"_s);
-        QCOMPARE(column(4), u"|2.5|30.25||4|||"_s);
-        QCOMPARE(column(5), u"110|107.5|-18.25|-18.25|-22.25|1.12345679|8|10"_s);
+        QCOMPARE(amounts.join(u' '),
+                 u"10||110 |2.5|107.5 |30.25|-18.25 0||-18.25 |4|-22.25 1.12345679||1.12345679 3||8 2||10"_s);
         QCOMPARE(cells(shown.at(14)), u"||合计：|16.12345679|36.75|96.37345679|"_s);
         // The long item name is clipped at its column, the remark is not.
         const QString longItem = cells(shown.at(10)).section(u'|', 2, 2);
@@ -218,7 +223,7 @@ private slots:
         QCOMPARE(j.t.dialogs.texts(), QStringList(2, u"没有符合条件的数据！"_s));
         QCOMPARE(j.t.dialogs.shown().at(1).title, QString());
         QCOMPARE(j.lines() + j.lines(u"Lst2"_s), QStringList());
-        QVERIFY(d.w<QPushButton>(u"Cmd_0"_s)->isEnabled() && d.w<QPushButton>(u"CmdWait"_s)->isHidden());
+        QVERIFY(d.w<QWidget>(u"Cmd_0"_s)->isEnabled() && d.w<QWidget>(u"CmdWait"_s)->isHidden());
     }
 
     // Each filter and sort on the sample day, set as control=entry pairs: its clauses (ordered by item
@@ -232,8 +237,7 @@ private slots:
         QTest::addColumn<QString>("ids");
         const QString all = u"A02 A03 A04 A05 A07 A09 A10"_s;
         for (const QString& b : backends()) {
-            const auto row = [&](const QString& filters, const QString& clauses, bool balance,
-                                 const QString& ids) {
+            const auto row = [&](QString filters, QString clauses, bool balance, QString ids) {
                 QTest::newRow(qPrintable(b + u'/' + filters)) << b << filters << clauses << balance << ids;
             };
             // Cleaned of blanks and apostrophes; the server compares items without letter case.
@@ -258,14 +262,7 @@ private slots:
         QFETCH(bool, balance);
         QFETCH(QString, ids);
         JournalWindow j(backend);
-        for (const QString& set : filters.split(u';')) {
-            const QString control = set.section(u'=', 0, 0);
-            auto* list = qobject_cast<QComboBox*>(j.d.w<QWidget>(control));
-            if (list && !list->isEditable())
-                j.d.pick(control, set.section(u'=', 1));
-            else
-                j.d.type(control, set.section(u'=', 1));
-        }
+        set(j.d, filters);
         j.d.click(u"Cmd_0"_s);
 
         if (!clauses.contains(u"order by"_s))
@@ -278,8 +275,7 @@ private slots:
             QCOMPARE(cells(shown.at(line)).count(u'|'), balance ? 6 : 5);
     }
 
-    // A ledger without entries: the query refuses; the period lists keep the day inside the month; the
-    // editor's checks run in their order, each stopping the save; the quantity takes its sign. Opened
+    // A ledger without entries: the query refuses; the period lists keep the day inside the month. Opened
     // while the server is down, the journal takes its items from the session.
     void emptyLedger_data() { addBackendRows(); }
     void emptyLedger()
@@ -307,30 +303,6 @@ private slots:
         QCOMPARE(d.w<QComboBox>(u"Cmb_0"_s)->itemText(0) + d.w<QComboBox>(u"Cmb2_0"_s)->itemText(30),
                  u"20162046"_s);
 
-        t.dialogs.clear();
-        t.session.quantityLabel = u"余额"_s;
-        d.click(u"Cmd_3"_s);
-        const WindowDriver e(j.editor());
-        for (const QString& typed :
-             {u" ' |x"_s, u"螺丝|"_s, u"螺丝|5x"_s, u"新全部物品|+"_s, u"新全部 物品|1"_s, u"全部物品|1"_s}) {
-            e.type(u"CmbItm"_s, typed.section(u'|', 0, 0));
-            e.type(u"TxtSL"_s, typed.section(u'|', 1));
-            e.click(u"Cmd_0"_s);
-        }
-        const QString number = u"请输入余额的数值！"_s;
-        QCOMPARE(t.dialogs.texts(), (QStringList{u"请输入或选择物品！"_s, number, number, number,
-                                                 u"物品中不能包含“全部物品”这样的词！"_s}));
-        QCOMPARE(t.dialogs.shown().at(0).title + t.dialogs.shown().at(1).title +
-                     t.dialogs.shown().at(4).title,
-                 u"提示提示"_s);
-        QCOMPARE(j.rows(u"select ITEM from Zhang"_s), u"新全部 物品"_s);
-        QStringList signs;
-        for (const QString& typed : {u"5"_s, u" 7 5"_s, u"-3"_s, u"+2"_s}) {
-            e.type(u"TxtSL"_s, typed);
-            signs.append(e.text(u"TxtSL"_s));
-        }
-        QCOMPARE(signs, split(u"+5 +75 -3 +2"_s));
-
         t.session.items = {u"A型螺丝"_s};
         j.serverDown([&] {
             MxLst offline(j.context);
@@ -347,8 +319,6 @@ private slots:
         JournalWindow j(backend);
         const WindowDriver& d = j.d;
         TestContext& t = j.t;
-        // The ID check never answers, on any server, even for an ID in use.
-        QCOMPARE(t.db->RunScalar(IdCheckStatement(u"L1"_s, u"A02"_s)), QString());
         d.click(u"Cmd_0"_s);
         d.click(u"Cmd_5"_s);      // nothing selected
         d.clickLine(u"Lst"_s, 1); // the titles: no entry behind it
@@ -378,18 +348,17 @@ private slots:
         t.session.setRights(QString());
         t.dialogs.clear();
         const int row = j.rowOf(u"A03"_s);
+        const QStringList before = j.lines();
         j.select(u"A03"_s);
         t.dialogs.queueAnswer(DialogAnswer::No);
         d.click(u"Cmd_5"_s);
         const auto asked = t.dialogs.shown().at(0);
         QVERIFY(asked.icon == DialogIcon::Question && asked.buttons == DialogButtons::YesNo &&
                 asked.defaultAnswer == DialogAnswer::No);
-        QCOMPARE(j.ids().size(), 7);
-        const QStringList before = j.lines();
         t.dialogs.queueAnswer(DialogAnswer::Yes);
         j.serverDown([&] { d.click(u"Cmd_5"_s); });
         QCOMPARE(j.lines(), before);
-        QVERIFY(d.w<QPushButton>(u"Cmd_5"_s)->isEnabled());
+        QVERIFY(d.w<QWidget>(u"Cmd_5"_s)->isEnabled());
         t.dialogs.queueAnswer(DialogAnswer::Yes);
         d.click(u"Cmd_5"_s);
         QCOMPARE(t.dialogs.texts(), (QStringList{question, question, failed, question}));
@@ -416,16 +385,14 @@ private slots:
         QCOMPARE(j.editor()->windowTitle(), u"修改账目"_s);
         QCOMPARE(texts(e, u"CmbItm TxtSL TxtBZ Cmb_0 Cmb_1 Cmb_2 Cmb_3 Cmb_4"_s),
                  u"A型螺丝 +10 入库 2026 11 15 08 00"_s);
-        QVERIFY(e.w<QFrame>(u"FrmWait"_s)->isHidden() && e.w<QCheckBox>(u"Chk"_s)->isHidden());
-        QVERIFY(e.w<QPushButton>(u"Cmd_1"_s)->isVisible());
-        e.type(u"TxtSL"_s, u"-3.5"_s);
-        e.type(u"TxtBZ"_s, u"返工 - 退回"_s);
-        e.pick(u"Cmb_4"_s, u"30"_s);
+        QVERIFY(e.w<QWidget>(u"FrmWait"_s)->isHidden() && e.w<QWidget>(u"Chk"_s)->isHidden());
+        QVERIFY(e.w<QWidget>(u"Cmd_1"_s)->isVisible());
+        set(e, u"TxtSL=-3.5;TxtBZ=返工 - 退回;Cmb_4=30"_s);
         j.serverDown([&] { e.click(u"Cmd_0"_s); });
         QCOMPARE(t.dialogs.lastText(), failed);
         QCOMPARE(t.dialogs.shown().constLast().title, u"提示"_s);
         QCOMPARE(texts(e, u"TxtSL TxtBZ"_s), u"-3.5 返工 - 退回"_s);
-        QVERIFY(e.w<QPushButton>(u"Cmd_0"_s)->isEnabled());
+        QVERIFY(e.w<QWidget>(u"Cmd_0"_s)->isEnabled());
         QCOMPARE(j.rows(u"select count(*) from Zhang"_s) + j.entry(u"A02"_s).left(3), u"12L1|"_s);
         t.dialogs.clear();
         e.click(u"Cmd_0"_s);
@@ -469,35 +436,48 @@ private slots:
                  QStringList{u"您要修改的记录已经被删除！\n请返回\n重新【统计】再进行修改！"_s});
     }
 
-    // Late entry: Enter moves on and saves, the editor stays until Chk says otherwise.
+    // Late entry: the checks in their order, each stopping the save; the quantity's sign; Enter moves on
+    // and saves; the editor stays until Chk says otherwise; the journal does not run again.
     void lateEntry_data() { addBackendRows(); }
     void lateEntry()
     {
         QFETCH(QString, backend);
         JournalWindow j(backend);
+        TestContext& t = j.t;
+        t.session.quantityLabel = u"余额"_s;
         j.d.click(u"Cmd_0"_s);
-        const QString statement = j.window->lastStatement();
         j.d.click(u"Cmd_3"_s);
         QVERIFY(j.editor());
         WindowDriver e(j.editor());
         QCOMPARE(j.editor()->windowTitle(), u"漏账补录"_s);
-        QVERIFY(e.w<QPushButton>(u"Cmd_1"_s)->isHidden());
+        QVERIFY(e.w<QWidget>(u"Cmd_1"_s)->isHidden());
         QCOMPARE(texts(e, u"CmbItm Cmb_0 Cmb_1 Cmb_2 Cmb_3 Cmb_4"_s), u" 2026 11 15 09 05"_s);
         QCOMPARE(e.w<QComboBox>(u"CmbItm"_s)->count(), 4); // the journal's items without 全部物品
+        QStringList signs;
+        for (const QString& item : {u" ' |x"_s, u"螺丝|"_s, u"螺丝| 7 5x"_s, u"新全部物品|+"_s,
+                                    u"新全部 物品|-3"_s, u"全部物品|+2"_s}) {
+            set(e, u"CmbItm="_s + item.section(u'|', 0, 0) + u";TxtSL="_s + item.section(u'|', 1));
+            signs.append(e.text(u"TxtSL"_s));
+            e.click(u"Cmd_0"_s);
+        }
+        QCOMPARE(signs, (QStringList{u"+x"_s, {}, u"+75x"_s, u"+"_s, u"-3"_s, u"+2"_s}));
+        const QString number = u"请输入余额的数值！"_s;
+        QCOMPARE(t.dialogs.texts(), (QStringList{u"请输入或选择物品！"_s, number, number, number,
+                                                 u"物品中不能包含“全部物品”这样的词！"_s}));
+        QCOMPARE(t.dialogs.shown().at(0).title + t.dialogs.shown().at(1).title +
+                     t.dialogs.shown().at(4).title,
+                 u"提示提示"_s);
+        QCOMPARE(j.entry(u"7827507900"_s), u"L1|管理员|2026-11-15 09:05|新全部 物品|-3|"_s);
 
-        e.type(u"CmbItm"_s, u"新品 - 甲型"_s);
-        e.pick(u"Cmb_1"_s, u"01"_s);
-        e.pick(u"Cmb_2"_s, u"02"_s);
-        e.pick(u"Cmb_3"_s, u"00"_s);
-        e.pick(u"Cmb_4"_s, u"00"_s);
-        e.type(u"TxtSL"_s, u".5"_s);
+        t.dialogs.clear();
+        set(e, u"CmbItm=新品 - 甲型;Cmb_1=01;Cmb_2=02;Cmb_3=00;Cmb_4=00;TxtSL=.5"_s);
         QCOMPARE(e.text(u"TxtSL"_s), u"+0.5"_s);
         e.press(u"TxtSL"_s, Qt::Key_Return);
-        QVERIFY(e.w<QLineEdit>(u"TxtBZ"_s)->hasFocus());
-        QCOMPARE(j.rows(u"select count(*) from Zhang"_s), u"12"_s);
+        QVERIFY(e.w<QWidget>(u"TxtBZ"_s)->hasFocus());
+        QCOMPARE(j.rows(u"select count(*) from Zhang"_s), u"13"_s);
         e.type(u"TxtBZ"_s, u"补 -录"_s);
         e.press(u"TxtBZ"_s, Qt::Key_Return);
-        QCOMPARE(j.t.dialogs.texts(), QStringList());
+        QCOMPARE(t.dialogs.texts(), QStringList());
         QCOMPARE(j.entry(u"780086400"_s), u"L1|管理员|2026-01-02 00:00|新品-甲型|0.5|补-录"_s);
         QCOMPARE(j.editor(), e.window());
         QCOMPARE(e.text(u"Lab5"_s), u"新品-甲型 +0.5 补-录 已保存！"_s);
@@ -511,16 +491,13 @@ private slots:
         e.click(u"Cmd_0"_s);
         QVERIFY(!j.editor());
         QCOMPARE(j.rows(u"select SL from Zhang where ID='780086400' order by SL"_s), u"0.5;5"_s);
-        // A late entry does not ask the journal to run again.
-        QCOMPARE(j.window->lastStatement(), statement);
-        QVERIFY(!j.ids().contains(u"780086400"_s));
+        QVERIFY(!j.ids().contains(u"7827507900"_s));
     }
 
     void entryIds_data()
     {
         QTest::addColumn<QDateTime>("when");
         QTest::addColumn<QString>("id");
-        QTest::newRow("year start") << QDateTime(QDate(2026, 1, 1), QTime(0, 0)) << u"780000000"_s;
         QTest::newRow("leap year end") << QDateTime(QDate(2028, 12, 31), QTime(23, 59)) << u"8031622340"_s;
         QTest::newRow("base zero") << QDateTime(QDate(1948, 3, 1), QTime(0, 1)) << u"05184060"_s;
         QTest::newRow("before 1948") << QDateTime(QDate(1900, 1, 1), QTime(1, 0)) << u"-480003600"_s;
@@ -537,15 +514,13 @@ private slots:
 
     void statements()
     {
-        const QString stone = TombstoneLedgerId(u"张三"_s, u"L1"_s, u"2026-11-15"_s, u"09:05"_s);
-        QCOMPARE(ModifyTombstoneStatement(stone, u"L1"_s, u"A1"_s),
-                 u"update Zhang Set ZBID='张三#L1#2026-11-15 09:05'  where ZBID='L1' and ID='A1'"_s);
-        QCOMPARE(DeleteTombstoneStatement(stone, u"L1"_s, u"A1"_s),
-                 u"update Zhang Set ZBID='张三#L1#2026-11-15 09:05' where ZBID='L1' and ID='A1'"_s);
-        QCOMPARE(InsertEntryStatement(u"L1"_s, u"张三"_s, u"2026-11-15 08:30"_s, u"7827505800"_s, u"螺丝"_s,
-                                      -0.125, {}),
-                 u"insert into Zhang (ZBID,USR,TM,ID,ITEM,SL,BZ) values "
-                 "('L1','张三','2026-11-15 08:30','7827505800','螺丝',-0.125,'')"_s);
+        QCOMPARE(ModifyTombstoneStatement(u"T"_s, u"L1"_s, u"A1"_s),
+                 u"update Zhang Set ZBID='T'  where ZBID='L1' and ID='A1'"_s);
+        QCOMPARE(DeleteTombstoneStatement(u"T"_s, u"L1"_s, u"A1"_s),
+                 u"update Zhang Set ZBID='T' where ZBID='L1' and ID='A1'"_s);
+        QCOMPARE(
+            InsertEntryStatement(u"L1"_s, u"张三"_s, u"08:30"_s, u"7"_s, u"螺丝"_s, -0.125, {}),
+            u"insert into Zhang (ZBID,USR,TM,ID,ITEM,SL,BZ) values ('L1','张三','08:30','7','螺丝',-0.125,'')"_s);
         QCOMPARE(InsertEntryStatement({}, {}, {}, {}, {}, 12345678901234.0, {}).section(u',', -2, -2),
                  u"12345678901234"_s);
         QCOMPARE(IdCheckStatement(u"L1"_s, u"A1"_s),
