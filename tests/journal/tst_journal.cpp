@@ -1,0 +1,499 @@
+#include "EntryStatements.h"
+#include "MxEd.h"
+#include "MxLst.h"
+#include "TestContext.h"
+#include "TextGrid.h"
+#include "WindowDriver.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QListWidget>
+#include <QTest>
+
+using namespace lanzhou;
+using namespace lanzhou::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString head = u"select id ,usr,tm,item,sl,bz  from Zhang Where ZBID='L1'  And TM>='2026-11-"_s;
+const QString refused = u"对不起，您无此权限！"_s;
+const QString question = u"真的要删除这条记录吗？"_s;
+const QString failed = u"连接服务器失败，请重试！"_s;
+
+const auto split = [](const QString& words) { return words.split(u' '); };
+
+// Sets controls as a person would from "name=entry" pairs: picks from a fixed list, types into the rest.
+void set(const WindowDriver& d, const QString& pairs)
+{
+    for (const QString& pair : pairs.split(u';')) {
+        const QString name = pair.section(u'=', 0, 0);
+        auto* list = qobject_cast<QComboBox*>(d.w<QWidget>(name));
+        if (list && !list->isEditable())
+            d.pick(name, pair.section(u'=', 1));
+        else
+            d.type(name, pair.section(u'=', 1));
+    }
+}
+
+// The texts of the named controls, joined by blanks.
+QString texts(const WindowDriver& d, const QString& names)
+{
+    QStringList texts;
+    for (const QString& name : split(names))
+        texts.append(d.text(name));
+    return texts.join(u' ');
+}
+
+// The trimmed cells of a line of the table, joined by "|" in place of its bars.
+QString cells(const QString& line)
+{
+    QStringList parts = line.split(QChar(0x2502));
+    for (QString& part : parts)
+        part = part.trimmed();
+    return parts.join(u'|');
+}
+
+// The journal of ledger L1 (物品, 存量) as 管理员 with all rights on 2026-11-15, shown. The sample
+// ledger: movements before, inside and after that day, a tombstoned entry, an entry of another
+// ledger, one item written in two letter cases, an item name too long for its column.
+struct JournalWindow
+{
+    explicit JournalWindow(const QString& backend, bool sample = true)
+        : t(backend), context(open(t, sample)), window(std::make_unique<MxLst>(context)), d(window.get())
+    {
+        window->show();
+    }
+
+    static AppContext open(TestContext& t, bool sample)
+    {
+        t.openLedger(u"L1"_s, u"五金仓库"_s);
+        t.session.operators = {u"管理员"_s, u"张三"_s};
+        t.session.serverDateText = u"2026-11-15"_s;
+        t.session.serverDateDay = 15;
+        if (sample)
+            t.exec(u"insert into Zhang (ZBID,USR,TM,ID,ITEM,SL,BZ) values "
+                   "('L1','管理员','2026-10-01 08:00','A01','A型螺丝',100,'期初'),"
+                   "('L1','管理员','2026-11-15 08:00','A02','A型螺丝',10,'入库'),"
+                   "('L1','张三','2026-11-15 09:00','A03','A型螺丝',-2.5,'计划外'),"
+                   "('L1','张三','2026-11-15 10:00','A04','B型螺母',0,'盘点'),"
+                   "('L1','管理员','2026-11-15 23:59','A05','B型螺母',-4,''),"
+                   "('L1','管理员','2026-11-16 00:00','A06','B型螺母',7,''),"
+                   "('L1','管理员','2026-11-15 00:00','A07','C型不锈钢加长垫圈（国标GB97.1规格M12）',"
+                   "1.123456789,'一条不会被截短的很长很长的备注'),"
+                   "('L1','管理员','2026-11-01 00:00','A11','d型弹簧',5,''),"
+                   "('L1','管理员','2026-11-15 12:00','A09','D型弹簧',3,''),"
+                   "('L1','管理员','2026-11-15 13:00','A10','d型弹簧',2,''),"
+                   "('管理员#L1#2026-11-14 10:00','管理员','2026-11-15 11:00','A08','A型螺丝',50,''),"
+                   "('L2','管理员','2026-11-15 11:00','B01','A型螺丝',1000,'')"_s);
+        return t.context();
+    }
+
+    // Every line of the table (Lst) or of the entry IDs behind its lines (Lst2).
+    QStringList lines(const QString& name = u"Lst"_s) const
+    {
+        QStringList texts;
+        auto* list = d.w<QListWidget>(name);
+        for (int i = 0; i < list->count(); ++i)
+            texts.append(list->item(i)->text());
+        return texts;
+    }
+    // The entry IDs in listing order, joined by blanks.
+    QString ids() const { return lines(u"Lst2"_s).join(u' ').simplified(); }
+    int rowOf(const QString& id) const { return lines(u"Lst2"_s).indexOf(id); }
+    void select(const QString& id) const { d.clickLine(u"Lst"_s, rowOf(id)); }
+    // The entry editor the journal has open, or null.
+    MxEd* editor() const
+    {
+        for (MxEd* open : window->findChildren<MxEd*>())
+            if (open->isVisible())
+                return open;
+        return nullptr;
+    }
+    // The rows of a read: fields joined by "|", rows by ";".
+    QString rows(const QString& sql)
+    {
+        QStringList texts;
+        for (const QStringList& row : t.rows(sql))
+            texts.append(row.join(u'|'));
+        return texts.join(u';');
+    }
+    // ZBID|USR|TM|ITEM|SL|BZ of the rows with the ID.
+    QString entry(const QString& id)
+    {
+        return rows(u"select ZBID,USR,TM,ITEM,SL,BZ from Zhang where ID='"_s + id + u'\'');
+    }
+    // Runs the steps against a server that is down.
+    template <class Steps> void serverDown(Steps steps)
+    {
+        Database dead(unreachableConfig(u"postgresql"_s));
+        std::swap(*t.db, dead);
+        steps();
+        std::swap(*t.db, dead);
+    }
+
+    TestContext t;
+    AppContext context;
+    std::unique_ptr<MxLst> window;
+    WindowDriver d;
+};
+
+} // namespace
+
+// The journal and its entry editor, driven offscreen as a person would.
+class TestJournal : public QObject
+{
+    Q_OBJECT
+private slots:
+    // Balance mode from 2026-11-02: each item's running balance from its opening balance, totals and
+    // aligned columns. A failed read keeps the listing; a period that ends before it starts clears it.
+    void listing_data() { addBackendRows(); }
+    void listing()
+    {
+        QFETCH(QString, backend);
+        JournalWindow j(backend);
+        const WindowDriver& d = j.d;
+        // Just inside and just outside the period.
+        j.t.exec(u"insert into Zhang (ZBID,USR,TM,ID,ITEM,SL,BZ) values "
+                 "('L1','管理员','2026-11-02 00:00','A12','B型螺母',-30.25,''),"
+                 "('L1','管理员','2026-11-01 23:59','A13','B型螺母',12,'')"_s);
+        QCOMPARE(j.window->windowTitle(), u"物品流水账"_s);
+        QCOMPARE(texts(d, u"LabItm CmbItm CmbSort"_s), u"物品： 全部物品 物品"_s);
+        // A, B, C and the one d/D item: tombstones and other ledgers stay out.
+        QCOMPARE(d.w<QComboBox>(u"CmbItm"_s)->count(), 5);
+        d.pick(u"Cmb_2"_s, u"02"_s);
+        d.click(u"Cmd_0"_s);
+        QCOMPARE(j.window->lastStatement(),
+                 head + u"02 00:00'  And TM<='2026-11-15 23:59'  order by Item,TM,ID "_s);
+        // Framed blank, titles, rule, framed blank, rule, entries, rule, totals, rule, framed blank;
+        // the hidden Lst2 has the entry ID of each line.
+        QCOMPARE(j.lines(u"Lst2"_s).join(u' '), u"     A02 A03 A12 A04 A05 A07 A09 A10    "_s);
+        QVERIFY(d.w<QListWidget>(u"Lst2"_s)->isHidden());
+        const QStringList shown = j.lines();
+        QCOMPARE(cells(shown.at(1)), u"操作员|时间|物品|增加|减少|存量|备注"_s);
+        QCOMPARE(cells(shown.at(6)), u"张三|2026-11-15 09:00|A型螺丝||2.5|107.5|计划外"_s);
+        QStringList amounts; // increase|decrease|balance of each entry
+        for (int i = 5; i < 13; ++i)
+            amounts.append(cells(shown.at(i)).section(u'|', 3, 5));
+        // Zero is an increase; D型弹簧 and d型弹簧 are one item with one opening balance (5).
+        QCOMPARE(amounts.join(u' '),
+                 u"10||110 |2.5|107.5 |30.25|-18.25 0||-18.25 |4|-22.25 1.12345679||1.12345679 3||8 2||10"_s);
+        QCOMPARE(cells(shown.at(14)), u"||合计：|16.12345679|36.75|96.37345679|"_s);
+        // The long item name is clipped at its column, the remark is not.
+        const QString longItem = cells(shown.at(10)).section(u'|', 2, 2),
+                      longName = u"C型不锈钢加长垫圈（国标GB97.1规格M12）"_s;
+        QVERIFY(longItem.size() < longName.size() && longName.startsWith(longItem));
+        QVERIFY(cells(shown.at(10)).endsWith(u"|一条不会被截短的很长很长的备注"_s));
+        // Every bar and rule junction of the six columns stands at the same place (in twips) on every line.
+        const TextGrid grid(TextGrid::listFont());
+        const auto crossings = [&](const QString& line) {
+            QList<int> at;
+            for (qsizetype i = 0; i < line.size() && at.size() < 6; ++i) {
+                if (line.at(i) == QChar(0x2502) || line.at(i) == QChar(0x253C))
+                    at.append(qRound(grid.widthTwips(QStringView(line).left(i))));
+            }
+            return at;
+        };
+        QCOMPARE(crossings(shown.at(1)).size(), 6);
+        for (const QString& line : shown)
+            QCOMPARE(crossings(line), crossings(shown.at(1)));
+        QVERIFY(shown.at(2).startsWith(QChar(0x2500)));
+        QCOMPARE(d.w<QListWidget>(u"Lst"_s)->font().family(), TextGrid::listFont().family());
+        saveScreenshot(j.window.get(), u"journal.png"_s);
+        j.serverDown([&] { d.click(u"Cmd_0"_s); });
+        QCOMPARE(j.lines(), shown);
+        d.pick(u"Cmb_2"_s, u"16"_s);
+        d.click(u"Cmd_0"_s);
+        QCOMPARE(j.t.dialogs.texts(), QStringList(2, u"没有符合条件的数据！"_s));
+        QCOMPARE(j.t.dialogs.shown().at(1).title, QString());
+        QCOMPARE(j.lines() + j.lines(u"Lst2"_s), QStringList());
+        QVERIFY(d.w<QWidget>(u"Cmd_0"_s)->isEnabled() && d.w<QWidget>(u"CmdWait"_s)->isHidden());
+    }
+
+    // Each filter and sort on the sample day, set as control=entry pairs: its clauses (ordered by item
+    // unless they say otherwise), whether the balance column stays, the entries listed.
+    void filtersAndSorts_data()
+    {
+        QTest::addColumn<QString>("backend");
+        QTest::addColumn<QString>("filters");
+        QTest::addColumn<QString>("clauses");
+        QTest::addColumn<bool>("balance");
+        QTest::addColumn<QString>("ids");
+        const QString all = u"A02 A03 A04 A05 A07 A09 A10"_s;
+        for (const QString& b : backends()) {
+            const auto row = [&](QString filters, QString clauses, bool balance, QString ids) {
+                QTest::newRow(qPrintable(b + u'/' + filters)) << b << filters << clauses << balance << ids;
+            };
+            // Cleaned of blanks and apostrophes; the server compares items without letter case.
+            row(u"CmbItm= a型'螺丝 "_s, u" And Item='a型螺丝' "_s, true, u"A02 A03"_s);
+            row(u"CmbItm=型螺;CmbGX1=包含"_s, u" And Item like '%型螺%' "_s, true, u"A02 A03 A04 A05"_s);
+            row(u"CmbItm=%;CmbGX1=包含"_s, u" And Item like '%%%' "_s, true, all);
+            row(u"CmbItm=全部物品"_s, QString(), true, all);
+            row(u"CmbSL=增加"_s, u" And SL>=0 "_s, false, u"A02 A04 A07 A09 A10"_s);
+            row(u"CmbSL=减少"_s, u" And SL<0 "_s, false, u"A03 A05"_s);
+            row(u"TxtBZ=计划'外"_s, u" And Bz like '%计划外%' "_s, false, u"A03"_s);
+            row(u"TxtBZ=_"_s, u" And Bz like '%_%' "_s, false, u"A02 A03 A04 A07"_s);
+            row(u"CmbUsr=张三"_s, u" And Usr = '张三' "_s, false, u"A03 A04"_s);
+            row(u"CmbSort=时间"_s, u" order by TM,ID "_s, false, u"A07 A02 A03 A04 A09 A10 A05"_s);
+            row(u"CmbSort=数值"_s, u" order by SL desc,Item,TM "_s, false, u"A02 A09 A10 A07 A04 A03 A05"_s);
+        }
+    }
+    void filtersAndSorts()
+    {
+        QFETCH(QString, backend);
+        QFETCH(QString, filters);
+        QFETCH(QString, clauses);
+        QFETCH(bool, balance);
+        QFETCH(QString, ids);
+        JournalWindow j(backend);
+        set(j.d, filters);
+        j.d.click(u"Cmd_0"_s);
+        if (!clauses.contains(u"order by"_s))
+            clauses += u" order by Item,TM,ID "_s;
+        QCOMPARE(j.window->lastStatement(), head + u"15 00:00'  And TM<='2026-11-15 23:59' "_s + clauses);
+        QCOMPARE(j.ids(), ids);
+        // Titles, entries and totals: three text cells, two amounts, the balance in balance mode, the remark.
+        const QStringList shown = j.lines();
+        for (qsizetype line : {qsizetype(1), qsizetype(5), shown.size() - 3})
+            QCOMPARE(cells(shown.at(line)).count(u'|'), balance ? 6 : 5);
+    }
+
+    // A ledger without entries: the query refuses; the period lists keep the day inside the month. Opened
+    // while the server is down, the journal takes its items from the session.
+    void emptyLedger_data() { addBackendRows(); }
+    void emptyLedger()
+    {
+        QFETCH(QString, backend);
+        JournalWindow j(backend, false);
+        const WindowDriver& d = j.d;
+        d.click(u"Cmd_0"_s);
+        QCOMPARE(j.t.dialogs.texts(), QStringList{u"这个账本还没有录入任何记录，不能进行报表统计！"_s});
+        QVERIFY(j.window->lastStatement().isEmpty());
+        // List, entry, day after.
+        const QStringList steps = split(u"_2 31 30 _1 12 30 _2 31 31 _1 06 30 _1 02 28 _0 2028 28 _2 31 29 "
+                                        "_0 2027 28 _3 05 28"_s);
+        for (const QString& lists : {u"Cmb"_s, u"Cmb2"_s}) {
+            QCOMPARE(texts(d, lists + u"_0 "_s + lists + u"_1 "_s + lists + u"_2"_s), u"2026 11 15"_s);
+            for (qsizetype i = 0; i < steps.size(); i += 3) {
+                d.pick(lists + steps.at(i), steps.at(i + 1));
+                QCOMPARE(d.text(lists + u"_2"_s), steps.at(i + 2));
+            }
+        }
+        // Ten years back, twenty ahead.
+        QCOMPARE(d.w<QComboBox>(u"Cmb_0"_s)->itemText(0) + d.w<QComboBox>(u"Cmb2_0"_s)->itemText(30),
+                 u"20162046"_s);
+        j.t.session.items = {u"A型螺丝"_s};
+        j.serverDown([&] {
+            MxLst offline(j.context);
+            auto* items = WindowDriver(&offline).w<QComboBox>(u"CmbItm"_s);
+            QCOMPARE(items->itemText(items->count() - 1) + QString::number(items->count()), u"A型螺丝2"_s);
+        });
+    }
+
+    // The edit commands: their rights, the single delete, modify through the editor and its delete.
+    void edits_data() { addBackendRows(); }
+    void edits()
+    {
+        QFETCH(QString, backend);
+        JournalWindow j(backend);
+        const WindowDriver& d = j.d;
+        TestContext& t = j.t;
+        d.click(u"Cmd_0"_s);
+        d.click(u"Cmd_5"_s);      // nothing selected
+        d.clickLine(u"Lst"_s, 1); // the titles: no entry behind it
+        d.click(u"Cmd_5"_s);
+        d.click(u"Cmd_4"_s);
+        const QString pickDelete = u"请首先选择您要删除的记录行！"_s;
+        QCOMPARE(t.dialogs.texts(), (QStringList{pickDelete, pickDelete, u"请首先选择您要修改的记录行！"_s}));
+        // Late entry, modify and delete refused (positions 10 to 12); the query needs no right.
+        t.dialogs.clear();
+        t.session.setRights(u"1111111110001111"_s);
+        d.click(u"Cmd_0"_s);
+        j.select(u"A02"_s);
+        for (const QString& name : {u"Cmd_3"_s, u"Cmd_4"_s, u"Cmd_5"_s})
+            d.click(name);
+        d.doubleClickLine(u"Lst"_s, j.rowOf(u"A03"_s));
+        // One right granted alone opens only its own command.
+        t.session.setRights(u"1111111111011111"_s);
+        d.click(u"Cmd_4"_s);
+        d.click(u"Cmd_3"_s);
+        QCOMPARE(t.dialogs.texts(), QStringList(5, refused));
+        WindowDriver(j.editor()).click(u"Cmd_2"_s);
+        QCOMPARE(j.rows(u"select count(*) from Zhang where ZBID='L1'"_s), u"10"_s);
+        // The single delete: No keeps the entry, a server that is down keeps the listing.
+        t.session.setRights(QString());
+        t.dialogs.clear();
+        const int row = j.rowOf(u"A03"_s);
+        const QStringList before = j.lines();
+        j.select(u"A03"_s);
+        t.dialogs.queueAnswer(DialogAnswer::No);
+        d.click(u"Cmd_5"_s);
+        const auto asked = t.dialogs.shown().at(0);
+        QVERIFY(asked.icon == DialogIcon::Question && asked.buttons == DialogButtons::YesNo &&
+                asked.defaultAnswer == DialogAnswer::No);
+        t.dialogs.queueAnswer(DialogAnswer::Yes);
+        j.serverDown([&] { d.click(u"Cmd_5"_s); });
+        QCOMPARE(j.lines(), before);
+        QVERIFY(d.w<QWidget>(u"Cmd_5"_s)->isEnabled());
+        t.dialogs.queueAnswer(DialogAnswer::Yes);
+        d.click(u"Cmd_5"_s);
+        QCOMPARE(t.dialogs.texts(), (QStringList{question, question, failed, question}));
+        QCOMPARE(t.dialogs.shown().at(2).title, u"提示"_s);
+        QCOMPARE(j.entry(u"A03"_s),
+                 u"管理员#L1#2026-11-15 09:05|张三|2026-11-15 09:00|A型螺丝|-2.5|计划外"_s);
+        // The listing was run again and the selection stays on the same line.
+        QCOMPARE(j.ids(), u"A02 A04 A05 A07 A09 A10"_s);
+        QCOMPARE(d.w<QListWidget>(u"Lst"_s)->currentRow(), row);
+        QCOMPARE(j.lines(u"Lst2"_s).at(row), u"A04"_s);
+        // Modify: reading the entry and saving it while the server is down, then the retry. The old row
+        // keeps everything but its ledger ID, the new one has a new ID.
+        t.dialogs.clear();
+        const int modified = j.rowOf(u"A02"_s);
+        j.select(u"A02"_s);
+        j.serverDown([&] { d.click(u"Cmd_4"_s); });
+        QVERIFY(!j.editor());
+        d.click(u"Cmd_4"_s);
+        QVERIFY(j.editor());
+        WindowDriver e(j.editor());
+        QVERIFY(j.editor()->isModal());
+        QCOMPARE(j.editor()->windowTitle(), u"修改账目"_s);
+        QCOMPARE(texts(e, u"CmbItm TxtSL TxtBZ Cmb_0 Cmb_1 Cmb_2 Cmb_3 Cmb_4"_s),
+                 u"A型螺丝 +10 入库 2026 11 15 08 00"_s);
+        QVERIFY(e.w<QWidget>(u"FrmWait"_s)->isHidden() && e.w<QWidget>(u"Chk"_s)->isHidden());
+        QVERIFY(e.w<QWidget>(u"Cmd_1"_s)->isVisible());
+        set(e, u"TxtSL=-3.5;TxtBZ=返工 - 退回;Cmb_4=30"_s);
+        j.serverDown([&] { e.click(u"Cmd_0"_s); });
+        QCOMPARE(texts(e, u"TxtSL TxtBZ"_s), u"-3.5 返工 - 退回"_s);
+        QVERIFY(e.w<QWidget>(u"Cmd_0"_s)->isEnabled());
+        QCOMPARE(j.rows(u"select count(*) from Zhang"_s) + j.entry(u"A02"_s).left(3), u"12L1|"_s);
+        e.click(u"Cmd_0"_s); // the retry
+        QCOMPARE(t.dialogs.texts(), (QStringList{u"连接服务器失败！"_s, failed}));
+        QCOMPARE(t.dialogs.shown().at(1).title, u"提示"_s);
+        QVERIFY(!j.editor());
+        QCOMPARE(j.entry(u"A02"_s), u"管理员#L1#2026-11-15 09:05|管理员|2026-11-15 08:00|A型螺丝|10|入库"_s);
+        QCOMPARE(j.entry(u"7827505800"_s), u"L1|管理员|2026-11-15 08:30|A型螺丝|-3.5|返工-退回"_s);
+        // The journal ran again on return, and the marker is spent.
+        QVERIFY(t.session.journalRefreshMarker.isEmpty());
+        QCOMPARE(j.ids(), u"7827505800 A04 A05 A07 A09 A10"_s);
+        QCOMPARE(d.w<QListWidget>(u"Lst"_s)->currentRow(), modified);
+        // Closing without saving; then the editor's delete: its right, the question, the tombstone.
+        d.doubleClickLine(u"Lst"_s, j.rowOf(u"A04"_s));
+        e.setWindow(j.editor());
+        e.click(u"Cmd_2"_s);
+        QVERIFY(!j.editor());
+        d.click(u"Cmd_4"_s);
+        e.setWindow(j.editor());
+        t.session.setRights(u"11111111111011"_s);
+        e.click(u"Cmd_1"_s);
+        t.session.setRights(QString());
+        t.dialogs.queueAnswer(DialogAnswer::No);
+        e.click(u"Cmd_1"_s);
+        QCOMPARE(j.editor(), e.window());
+        t.dialogs.queueAnswer(DialogAnswer::Yes);
+        e.click(u"Cmd_1"_s);
+        QCOMPARE(t.dialogs.texts().mid(2), (QStringList{refused, question, question}));
+        QVERIFY(!j.editor());
+        QCOMPARE(j.entry(u"A04"_s), u"管理员#L1#2026-11-15 09:05|张三|2026-11-15 10:00|B型螺母|0|盘点"_s);
+        QCOMPARE(j.ids(), u"7827505800 A05 A07 A09 A10"_s);
+        // An entry removed meanwhile cannot be modified.
+        t.dialogs.clear();
+        t.exec(u"update Zhang Set ZBID='张三#L1#2026-11-15 09:04' where ZBID='L1' and ID='A05'"_s);
+        j.select(u"A05"_s);
+        d.click(u"Cmd_4"_s);
+        QVERIFY(!j.editor());
+        QVERIFY(j.ids().contains(u"A05"_s));
+        QCOMPARE(t.dialogs.texts(),
+                 QStringList{u"您要修改的记录已经被删除！\n请返回\n重新【统计】再进行修改！"_s});
+    }
+
+    // Late entry: the checks in their order, each stopping the save; the quantity's sign; Enter moves on
+    // and saves; the editor stays until Chk says otherwise; the journal does not run again.
+    void lateEntry_data() { addBackendRows(); }
+    void lateEntry()
+    {
+        QFETCH(QString, backend);
+        JournalWindow j(backend);
+        TestContext& t = j.t;
+        t.session.quantityLabel = u"余额"_s;
+        j.d.click(u"Cmd_0"_s);
+        j.d.click(u"Cmd_3"_s);
+        QVERIFY(j.editor());
+        WindowDriver e(j.editor());
+        QCOMPARE(j.editor()->windowTitle(), u"漏账补录"_s);
+        QVERIFY(e.w<QWidget>(u"Cmd_1"_s)->isHidden());
+        QCOMPARE(texts(e, u"CmbItm Cmb_0 Cmb_1 Cmb_2 Cmb_3 Cmb_4"_s), u" 2026 11 15 09 05"_s);
+        QCOMPARE(e.w<QComboBox>(u"CmbItm"_s)->count(), 4); // the journal's items without 全部物品
+        QStringList signs;
+        for (const QString& item : {u" ' |x"_s, u"螺丝|"_s, u"螺丝| 7 5x"_s, u"新全部物品|+"_s,
+                                    u"新全部 物品|-3"_s, u"全部物品|+2"_s}) {
+            set(e, u"CmbItm="_s + item.section(u'|', 0, 0) + u";TxtSL="_s + item.section(u'|', 1));
+            signs.append(e.text(u"TxtSL"_s));
+            e.click(u"Cmd_0"_s);
+        }
+        QCOMPARE(signs, (QStringList{u"+x"_s, {}, u"+75x"_s, u"+"_s, u"-3"_s, u"+2"_s}));
+        const QString number = u"请输入余额的数值！"_s;
+        QCOMPARE(t.dialogs.texts(), (QStringList{u"请输入或选择物品！"_s, number, number, number,
+                                                 u"物品中不能包含“全部物品”这样的词！"_s}));
+        const auto& shown = t.dialogs.shown();
+        QCOMPARE(shown.at(0).title + shown.at(1).title + shown.at(4).title, u"提示提示"_s);
+        QCOMPARE(j.entry(u"7827507900"_s), u"L1|管理员|2026-11-15 09:05|新全部 物品|-3|"_s);
+        t.dialogs.clear();
+        set(e, u"CmbItm=新品 - 甲型;Cmb_1=01;Cmb_2=02;Cmb_3=00;Cmb_4=00;TxtSL=.5"_s);
+        QCOMPARE(e.text(u"TxtSL"_s), u"+0.5"_s);
+        e.press(u"TxtSL"_s, Qt::Key_Return);
+        QVERIFY(e.w<QWidget>(u"TxtBZ"_s)->hasFocus());
+        QCOMPARE(j.rows(u"select count(*) from Zhang"_s), u"13"_s);
+        e.type(u"TxtBZ"_s, u"补 -录"_s);
+        e.press(u"TxtBZ"_s, Qt::Key_Return);
+        QCOMPARE(t.dialogs.texts(), QStringList());
+        QCOMPARE(j.entry(u"780086400"_s), u"L1|管理员|2026-01-02 00:00|新品-甲型|0.5|补-录"_s);
+        QCOMPARE(j.editor(), e.window());
+        QCOMPARE(e.text(u"Lab5"_s), u"新品-甲型 +0.5 补-录 已保存！"_s);
+        QCOMPARE(texts(e, u"TxtSL TxtBZ CmbItm Cmb_0 Cmb_1 Cmb_2 Cmb_3 Cmb_4"_s),
+                 u"  新品 - 甲型 2026 01 02 00 00"_s);
+        // Ticked, the editor closes after the next late entry, which takes the same ID.
+        e.press(u"Chk"_s, Qt::Key_Space);
+        QVERIFY(e.w<QCheckBox>(u"Chk"_s)->isChecked());
+        e.type(u"TxtSL"_s, u"5"_s);
+        e.click(u"Cmd_0"_s);
+        QVERIFY(!j.editor());
+        QCOMPARE(j.rows(u"select SL from Zhang where ID='780086400' order by SL"_s), u"0.5;5"_s);
+        QVERIFY(!j.ids().contains(u"7827507900"_s));
+    }
+
+    void entryIds_data()
+    {
+        QTest::addColumn<QDateTime>("when");
+        QTest::addColumn<QString>("id");
+        QTest::newRow("leap year end") << QDateTime(QDate(2028, 12, 31), QTime(23, 59)) << u"8031622340"_s;
+        QTest::newRow("base zero") << QDateTime(QDate(1948, 3, 1), QTime(0, 1)) << u"05184060"_s;
+        QTest::newRow("before 1948") << QDateTime(QDate(1900, 1, 1), QTime(1, 0)) << u"-480003600"_s;
+        // A spring-forward night elsewhere changes nothing: the calendar has no daylight saving.
+        QTest::newRow("local time") << QDateTime(QDate(2026, 3, 29), QTime(2, 30), Qt::LocalTime)
+                                    << u"787525800"_s;
+    }
+    void entryIds()
+    {
+        QFETCH(QDateTime, when);
+        QFETCH(QString, id);
+        QCOMPARE(EditorEntryId(when), id);
+    }
+
+    void statements()
+    {
+        QCOMPARE(ModifyTombstoneStatement(u"T"_s, u"L1"_s, u"A1"_s),
+                 u"update Zhang Set ZBID='T'  where ZBID='L1' and ID='A1'"_s);
+        QCOMPARE(DeleteTombstoneStatement(u"T"_s, u"L1"_s, u"A1"_s),
+                 u"update Zhang Set ZBID='T' where ZBID='L1' and ID='A1'"_s);
+        QCOMPARE(
+            InsertEntryStatement(u"L1"_s, u"张三"_s, u"08:30"_s, u"7"_s, u"螺丝"_s, -0.125, {}),
+            u"insert into Zhang (ZBID,USR,TM,ID,ITEM,SL,BZ) values ('L1','张三','08:30','7','螺丝',-0.125,'')"_s);
+        QCOMPARE(InsertEntryStatement({}, {}, {}, {}, {}, 12345678901234.0, {}).section(u',', -2, -2),
+                 u"12345678901234"_s);
+        QCOMPARE(IdCheckStatement(u"L"_s, u"A"_s),
+                 u"select ID from Zhang where ZBID= like  '%L%' and ID='A'"_s);
+    }
+};
+
+QTEST_MAIN(TestJournal)
+#include "tst_journal.moc"
