@@ -18,33 +18,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString opt(int index)
-{
-    return u"Opt_%1"_s.arg(index);
-}
-
-bool picked(const WindowDriver& d, int option)
-{
-    return d.w<QRadioButton>(opt(option))->isChecked();
-}
-
-// Picks the kind of contact, types the contact and presses the contact frame's button.
-void lookUp(const WindowDriver& d, const QString& kind, const QString& contact)
-{
-    d.pick(u"CmbLX"_s, kind);
-    d.type(u"TxtZbID"_s, contact);
-    d.click(u"Cmd_3"_s);
-}
-
-// The local ledger list as "ID#name" lines.
-QStringList listed(const LedgerList& ledgers)
-{
-    QStringList lines;
-    for (const LedgerList::Entry& entry : ledgers.entries())
-        lines.append(entry.id + u'#' + entry.name);
-    return lines;
-}
-
 const QString kNameHelp = u"请输入账本名称，如：\r   “现金银行收支账”、“库存物品进出账”、\r"
                           "   “对外应收应付账”、“专项资金消费账”……\r"_s;
 
@@ -62,11 +35,40 @@ struct Fixture
         window->show();
         d.setWindow(window.get());
     }
+    // Picks the kind of contact, types the contact and presses the contact frame's button.
+    void lookUp(const QString& kind, const QString& contact)
+    {
+        d.pick(u"CmbLX"_s, kind);
+        d.type(u"TxtZbID"_s, contact);
+        d.click(u"Cmd_3"_s);
+    }
+    void enter(const QString& box, const QString& text)
+    {
+        d.type(box, text);
+        d.press(box, Qt::Key_Return);
+    }
     void serverUp(bool on) { *t.db = Database(on ? up : unreachableConfig(u"postgresql"_s)); }
-    QString cell(const QString& sql) { return t.rows(sql).value(0).value(0); }
-    // Where the window stands: "frame 0" (contact), "frame 1" (name) or "frame 2" (type) while it
-    // shows, "accepted" or "rejected" once closed; then the session's modal result, if any.
-    QString state() const
+    // Rows of a read, each with its fields joined by "|".
+    QStringList rows(const QString& sql)
+    {
+        QStringList lines;
+        for (const QStringList& row : t.rows(sql))
+            lines.append(row.join(u'|'));
+        return lines;
+    }
+    // The local ledger list as "ID#name" lines, the selected one marked with "*".
+    QStringList listed() const
+    {
+        QStringList lines;
+        for (const LedgerList::Entry& entry : ledgers.entries())
+            lines.append((lines.size() == ledgers.selected ? u"*"_s : QString()) + entry.id + u'#' +
+                         entry.name);
+        return lines;
+    }
+    // Where the window stands: "frame 0" (contact), "frame 1" (name) or "frame 2" (type, with the
+    // picked option) while it shows, "accepted" or "rejected" once closed, then the modal result;
+    // followed by the messages shown since the last step, each after its title when it has one.
+    QStringList step()
     {
         QString where = window->result() == QDialog::Accepted ? u"accepted"_s : u"rejected"_s;
         if (window->isVisible()) {
@@ -74,17 +76,15 @@ struct Fixture
             for (int i = 0; i < 3; ++i)
                 if (d.w<QFrame>(u"Frm_%1"_s.arg(i))->isVisible())
                     where += u"frame %1"_s.arg(i);
+            for (int i = 0; i < 5 && where == u"frame 2"; ++i)
+                if (d.w<QRadioButton>(u"Opt_%1"_s.arg(i))->isChecked())
+                    where += u" option %1"_s.arg(i);
         }
-        return t.session.modalResult.isEmpty() ? where : where + u' ' + t.session.modalResult;
-    }
-    // The messages shown since the last call, each after its title when it has one.
-    QStringList said()
-    {
-        QStringList texts;
+        QStringList seen{t.session.modalResult.isEmpty() ? where : where + u' ' + t.session.modalResult};
         for (const ScriptedDialogs::Shown& shown : t.dialogs.shown())
-            texts.append(shown.title.isEmpty() ? shown.text : shown.title + u": "_s + shown.text);
+            seen.append(shown.title.isEmpty() ? shown.text : shown.title + u": "_s + shown.text);
         t.dialogs.clear();
-        return texts;
+        return seen;
     }
 
     TestContext t;
@@ -135,142 +135,108 @@ private slots:
         QFETCH(QString, message);
         Fixture f;
         f.open(ZbTyp::Mode::AddLedger);
-        QCOMPARE(f.state(), u"frame 0"_s);
-        lookUp(f.d, kind, typed);
+        f.lookUp(kind, typed);
         QCOMPARE(f.d.text(u"TxtZbID"_s), written);
-        const bool refused = !message.isEmpty();
-        QVERIFY(!refused || f.t.dialogs.shown().constFirst().icon == DialogIcon::Information);
-        QCOMPARE(f.said(), refused ? QStringList{message} : QStringList());
-        QCOMPARE(f.state(), refused ? u"frame 0"_s : u"frame 1"_s);
-        QCOMPARE(f.t.session.ledgerId, refused ? QString() : written);
-        QCOMPARE(f.ledgers.size(), 0);
+        QVERIFY(message.isEmpty() || f.t.dialogs.shown().constFirst().icon == DialogIcon::Information);
+        QCOMPARE(f.step(),
+                 (message.isEmpty() ? QStringList{u"frame 1"_s} : QStringList{u"frame 0"_s, message}));
+        QCOMPARE(f.t.session.ledgerId, message.isEmpty() ? written : QString());
     }
 
-    // A ledger that exists on the server joins the local list, or selects the entry that already
-    // holds its ID in any letter case; either way the caller is told "OK" and nothing is written.
-    void addExistingLedger_data() { addBackendRows(); }
-    void addExistingLedger()
+    // Adding a ledger by its contact. One that exists on the server joins the local list, or selects
+    // the entry that already holds its ID in any letter case, and nothing is written. One that does
+    // not is registered: a name proposed after the open ledger's, a type, then one ledger row and its
+    // first operator. A server that is down on the way leaves the window ready for a retry.
+    void addLedger_data() { addBackendRows(); }
+    void addLedger()
     {
         QFETCH(QString, backend);
         Fixture f(backend);
+        const QString today = FormatDate(ParseDate(f.t.db->RunScalar(u"select Getdate()"_s), QDate()));
         f.t.openLedger(u"13812345678"_s, u"家庭账"_s);
         f.t.openLedger(u"zhang@example.cn"_s, u"店铺账"_s);
+        f.t.openLedger(u"13900000000"_s, u"五金"_s);
         f.ledgers.append({u"Zhang@Example.CN"_s, u"店铺"_s});
 
         // Run modally, as the main window does; Enter in the ID box looks it up.
         ZbTyp adding(f.context, f.ledgers, ZbTyp::Mode::AddLedger);
         QTimer::singleShot(0, this, [&] {
             QCOMPARE(QApplication::activeModalWidget(), &adding);
-            const WindowDriver d(&adding);
-            d.type(u"TxtZbID"_s, u"0138-1234-5678"_s);
-            d.press(u"TxtZbID"_s, Qt::Key_Return);
+            WindowDriver(&adding).type(u"TxtZbID"_s, u"0138-1234-5678"_s);
+            WindowDriver(&adding).press(u"TxtZbID"_s, Qt::Key_Return);
         });
         QCOMPARE(adding.exec(), int(QDialog::Accepted));
         QCOMPARE(f.t.session.modalResult, u"OK"_s);
-        QCOMPARE(listed(f.ledgers), (QStringList{u"Zhang@Example.CN#店铺"_s, u"13812345678#家庭账"_s}));
-        QCOMPARE(f.ledgers.selected, 1);
+        QCOMPARE(f.listed(), (QStringList{u"Zhang@Example.CN#店铺"_s, u"*13812345678#家庭账"_s}));
+        f.open(ZbTyp::Mode::AddLedger);
+        f.lookUp(u"邮箱"_s, u"ZHANG@example.cn"_s);
+        QCOMPARE(f.step(), QStringList{u"accepted OK"_s});
+        QCOMPARE(f.listed(), (QStringList{u"*Zhang@Example.CN#店铺"_s, u"13812345678#家庭账"_s}));
+        QCOMPARE(f.rows(u"select count(*) from ZbLst"_s), QStringList{u"3"_s});
 
         f.open(ZbTyp::Mode::AddLedger);
-        lookUp(f.d, u"邮箱"_s, u"ZHANG@example.cn"_s);
-        QCOMPARE(f.state(), u"accepted OK"_s);
-        QCOMPARE(f.ledgers.size(), 2);
-        QCOMPARE(f.ledgers.selected, 0);
-        QCOMPARE(f.said(), QStringList());
-        QCOMPARE(f.cell(u"select count(*) from ZbLst"_s), u"2"_s);
-    }
-
-    // Registration: contact, a name proposed after the open ledger's, a type, then one ledger row and
-    // its first operator; a server that is down on the way leaves the window ready for a retry.
-    void registration_data() { addBackendRows(); }
-    void registration()
-    {
-        QFETCH(QString, backend);
-        Fixture f(backend);
-        const QString today = FormatDate(ParseDate(f.t.db->RunScalar(u"select Getdate()"_s), QDate()));
-        f.t.openLedger(u"13900000000"_s, u"五金"_s);
-        f.ledgers.append({u"10001"_s, u"别人的账"_s});
-        f.open(ZbTyp::Mode::AddLedger);
-        lookUp(f.d, u"QQ号"_s, u"20002"_s);
-        QCOMPARE(f.state(), u"frame 1"_s);
+        f.lookUp(u"QQ号"_s, u"20002"_s);
+        QCOMPARE(f.step(), QStringList{u"frame 1"_s});
         QCOMPARE(f.d.text(u"TxtZbNm"_s), u"新建五金"_s);
-        QCOMPARE(f.t.session.ledgerId, u"20002"_s);
-
         // An empty name is refused with the frame's own explanation.
-        f.d.type(u"TxtZbNm"_s, u"  "_s);
-        f.d.press(u"TxtZbNm"_s, Qt::Key_Return);
-        QCOMPARE(f.said(), QStringList{kNameHelp});
-        QCOMPARE(f.state(), u"frame 1"_s);
-        f.d.type(u"TxtZbNm"_s, u" 小店,进货#账'本 "_s);
-        f.d.press(u"TxtZbNm"_s, Qt::Key_Return);
+        f.enter(u"TxtZbNm"_s, u"  "_s);
+        QCOMPARE(f.step(), (QStringList{u"frame 1"_s, kNameHelp}));
+        f.enter(u"TxtZbNm"_s, u" 小店,进货#账'本 "_s);
+        QCOMPARE(f.step(), QStringList{u"frame 2"_s});
         QCOMPARE(f.d.text(u"TxtZbNm"_s), u"小店，进货账本"_s);
-        QCOMPARE(f.t.session.ledgerName, u"小店，进货账本"_s);
-        QCOMPARE(f.state(), u"frame 2"_s);
-        QVERIFY(!picked(f.d, 4));
         QCOMPARE(f.d.text(u"Txt_0"_s), u"物品"_s);
-
         // Typing a keyword picks the custom type, which needs both keywords.
         f.d.type(u"Txt_0"_s, u"  桶,装 "_s);
-        QVERIFY(picked(f.d, 4));
-        f.d.type(u"Txt_1"_s, u" ' "_s);
-        f.d.press(u"Txt_1"_s, Qt::Key_Return);
-        QCOMPARE(f.said(), QStringList{u"如果选择自定义账本类型，请输入关键词！"_s});
-        QCOMPARE(f.d.text(u"Txt_0"_s), u"桶，装"_s);
-        QCOMPARE(f.d.text(u"Txt_1"_s), QString());
-        QCOMPARE(f.state(), u"frame 2"_s);
-        QCOMPARE(f.cell(u"select count(*) from ZbLst where ZBID='20002'"_s), u"0"_s);
-
-        f.d.type(u"Txt_1"_s, u"升"_s);
-        f.d.press(u"Txt_1"_s, Qt::Key_Return);
-        QCOMPARE(f.state(), u"accepted OK"_s);
-        QCOMPARE(
-            f.t.rows(u"select ZBid,ZbNm,Item,SL,Bz,BgDate,NdDate,MB,SalesMan,Msg,Cmd,GongGao from ZbLst "
-                     "where ZBID='20002'"_s),
-            (QList<QStringList>{{u"20002"_s, u"小店，进货账本"_s, u"桶，装"_s, u"升"_s, u"自已注册"_s, today,
-                                 QString(), QString(), QString(), u"您好！"_s, QString(), QString()}}));
+        f.enter(u"Txt_1"_s, u" ' "_s);
+        QCOMPARE(f.step(), (QStringList{u"frame 2 option 4"_s, u"如果选择自定义账本类型，请输入关键词！"_s}));
+        QCOMPARE(f.d.text(u"Txt_0"_s) + u'|' + f.d.text(u"Txt_1"_s), u"桶，装|"_s);
+        QCOMPARE(f.rows(u"select count(*) from ZbLst where ZBID='20002'"_s), QStringList{u"0"_s});
+        f.enter(u"Txt_1"_s, u"升"_s);
+        QCOMPARE(f.step(), QStringList{u"accepted OK"_s});
+        QCOMPARE(f.rows(u"select ZBid,ZbNm,Item,SL,Bz,BgDate,NdDate,MB,SalesMan,Msg,Cmd,GongGao from ZbLst "
+                        "where ZBID='20002'"_s),
+                 QStringList{u"20002|小店，进货账本|桶，装|升|自已注册|"_s + today + u"||||您好！||"_s});
         // The first operator has no password and no rights string at all, which grants every right.
-        QCOMPARE(f.t.rows(u"select Usr,PWD from UsrLst where ZBID='20002' and QX is null"_s),
-                 (QList<QStringList>{{u"管理员"_s, QString()}}));
-        QCOMPARE(f.t.session.itemLabel, u"桶，装"_s);
-        QCOMPARE(f.t.session.quantityLabel, u"升"_s);
-        QCOMPARE(listed(f.ledgers), (QStringList{u"10001#别人的账"_s, u"20002#小店，进货账本"_s}));
-        QCOMPARE(f.ledgers.selected, 1);
+        QCOMPARE(f.rows(u"select Usr,PWD from UsrLst where ZBID='20002' and QX is null"_s),
+                 QStringList{u"管理员|"_s});
+        QCOMPARE(f.t.session.itemLabel + u'|' + f.t.session.quantityLabel, u"桶，装|升"_s);
+        QCOMPARE(f.listed().constLast(), u"*20002#小店，进货账本"_s);
 
         // With no ledger open: the server down for the lookup, then for the registration.
         f.t.session.ledgerName.clear();
         f.open(ZbTyp::Mode::AddLedger);
         f.serverUp(false);
-        lookUp(f.d, u"QQ号"_s, u"40004"_s);
-        QCOMPARE(f.said(), QStringList{u"连接服务器失败，请重试！"_s});
-        QCOMPARE(f.state(), u"frame 0"_s);
+        f.lookUp(u"QQ号"_s, u"40004"_s);
+        QCOMPARE(f.step(), (QStringList{u"frame 0"_s, u"连接服务器失败，请重试！"_s}));
         QCOMPARE(f.t.session.ledgerId, u"20002"_s);
         f.serverUp(true);
         f.d.click(u"Cmd_3"_s);
         f.d.click(u"Cmd_5"_s);
-        f.d.click(opt(2));
+        f.d.click(u"Opt_2"_s);
         f.serverUp(false);
         f.d.click(u"Cmd_0"_s);
-        QCOMPARE(f.said(), QStringList{u"提示: 注册新账本失败，请检查网络连接是否正常，然后重试！"_s});
-        QCOMPARE(f.state(), u"frame 0"_s);
+        QCOMPARE(f.step(),
+                 (QStringList{u"frame 0"_s, u"提示: 注册新账本失败，请检查网络连接是否正常，然后重试！"_s}));
         QCOMPARE(f.t.session.itemLabel, QString());
-        QCOMPARE(f.ledgers.size(), 2);
+        QCOMPARE(f.ledgers.size(), 3);
         // Retried with the server back, it goes through with the type still picked.
         f.serverUp(true);
         f.d.click(u"Cmd_3"_s);
         f.d.click(u"Cmd_5"_s);
-        QVERIFY(picked(f.d, 2));
+        QCOMPARE(f.step(), QStringList{u"frame 2 option 2"_s});
         f.d.click(u"Cmd_0"_s);
-        QCOMPARE(f.state(), u"accepted OK"_s);
-        QCOMPARE(f.t.rows(u"select ZbNm,Item,SL from ZbLst where ZBID='40004'"_s),
-                 (QList<QStringList>{{u"我的云账本"_s, u"客户"_s, u"应收款"_s}}));
+        QCOMPARE(f.rows(u"select ZbNm,Item,SL from ZbLst where ZBID='40004'"_s),
+                 QStringList{u"我的云账本|客户|应收款"_s});
 
         // With no option picked the ledger counts 项目 by 数额.
         f.open(ZbTyp::Mode::AddLedger);
-        lookUp(f.d, u"QQ号"_s, u"30003"_s);
+        f.lookUp(u"QQ号"_s, u"30003"_s);
         f.d.click(u"Cmd_5"_s);
         f.d.click(u"Cmd_0"_s);
-        QCOMPARE(f.t.rows(u"select ZbNm,Item,SL from ZbLst where ZBID='30003'"_s),
-                 (QList<QStringList>{{u"新建我的云账本"_s, u"项目"_s, u"数额"_s}}));
-        QCOMPARE(f.ledgers.selected, 3);
+        QCOMPARE(f.step(), QStringList{u"accepted OK"_s});
+        QCOMPARE(f.rows(u"select ZbNm,Item,SL from ZbLst where ZBID='30003'"_s),
+                 QStringList{u"新建我的云账本|项目|数额"_s});
+        QCOMPARE(f.listed().constLast(), u"*30003#新建我的云账本"_s);
     }
 
     // The settings of the open ledger. Type: the current type is picked, saving updates the ledger's
@@ -283,57 +249,48 @@ private slots:
         Fixture f(backend);
         f.t.openLedger(u"L-cash"_s, u"零用金"_s, u"账户"_s, u"余额"_s);
         f.open(ZbTyp::Mode::TypeSettings);
-        QVERIFY(picked(f.d, 0));
-        f.d.click(opt(1));
+        QCOMPARE(f.step(), QStringList{u"frame 2 option 0"_s});
+        f.d.click(u"Opt_1"_s);
         f.d.click(u"Cmd_0"_s);
-        QCOMPARE(f.state(), u"accepted OK"_s);
-        QCOMPARE(f.t.session.itemLabel, u"物品"_s);
-        QCOMPARE(f.t.session.quantityLabel, u"存量"_s);
-
+        QCOMPARE(f.step(), QStringList{u"accepted OK"_s});
+        QCOMPARE(f.t.session.itemLabel + u'|' + f.t.session.quantityLabel, u"物品|存量"_s);
         f.open(ZbTyp::Mode::TypeSettings);
-        f.d.click(opt(3));
+        f.d.click(u"Opt_3"_s);
         f.d.click(u"Cmd_1"_s);
-        QCOMPARE(f.state(), u"rejected"_s);
+        QCOMPARE(f.step(), QStringList{u"rejected"_s});
         f.serverUp(false);
         f.open(ZbTyp::Mode::TypeSettings);
-        f.d.click(opt(0));
+        f.d.click(u"Opt_0"_s);
         f.d.click(u"Cmd_0"_s);
-        QCOMPARE(f.said(), QStringList{u"提示: 账本设置保存失败，请检查网络连接是否正常，然后重试！"_s});
-        QCOMPARE(f.state(), u"frame 2"_s);
-        QVERIFY(picked(f.d, 0));
+        QCOMPARE(f.step(), (QStringList{u"frame 2 option 0"_s,
+                                        u"提示: 账本设置保存失败，请检查网络连接是否正常，然后重试！"_s}));
         QCOMPARE(f.t.session.itemLabel, u"物品"_s);
         f.serverUp(true);
 
         // Labels of no predefined type pick the custom type with its keywords.
         f.t.openLedger(u"L-tools"_s, u"工具"_s, u"工具"_s, u"件数"_s);
         f.open(ZbTyp::Mode::TypeSettings);
-        QCOMPARE(f.state(), u"frame 2"_s);
-        QCOMPARE(f.d.text(u"TxtZbID"_s), u"L-tools"_s);
-        QCOMPARE(f.d.text(u"TxtZbNm"_s), u"工具"_s);
-        QVERIFY(picked(f.d, 4));
-        QCOMPARE(f.d.text(u"Txt_1"_s), u"件数"_s);
+        QCOMPARE(f.step(), QStringList{u"frame 2 option 4"_s});
+        QCOMPARE(f.d.text(u"TxtZbID"_s) + f.d.text(u"TxtZbNm"_s) + f.d.text(u"Txt_1"_s),
+                 u"L-tools工具件数"_s);
         f.d.type(u"Txt_1"_s, u"把"_s);
         f.d.click(u"Cmd_0"_s);
-        QCOMPARE(f.state(), u"accepted OK"_s);
+        QCOMPARE(f.step(), QStringList{u"accepted OK"_s});
         QCOMPARE(f.t.session.quantityLabel, u"把"_s);
 
         f.open(ZbTyp::Mode::NameOnly);
-        QCOMPARE(f.state(), u"frame 1"_s);
+        QCOMPARE(f.step(), QStringList{u"frame 1"_s});
         QCOMPARE(f.d.text(u"TxtZbNm"_s), u"工具"_s);
-        f.d.type(u"TxtZbNm"_s, u" 五金#2,店 "_s);
-        f.d.press(u"TxtZbNm"_s, Qt::Key_Return);
-        QCOMPARE(f.state(), u"accepted OK"_s);
+        f.enter(u"TxtZbNm"_s, u" 五金#2,店 "_s);
+        QCOMPARE(f.step(), QStringList{u"accepted OK"_s});
         QCOMPARE(f.t.session.ledgerName, u"五金2，店"_s);
         f.open(ZbTyp::Mode::NameOnly);
         f.d.type(u"TxtZbNm"_s, u"别的"_s);
         f.d.click(u"Cmd_2"_s);
-        QCOMPARE(f.state(), u"rejected"_s);
+        QCOMPARE(f.step(), QStringList{u"rejected"_s});
         QCOMPARE(f.t.session.ledgerName, u"五金2，店"_s);
-
-        QCOMPARE(f.t.rows(u"select ZbNm,Item,SL from ZbLst order by ZBID"_s),
-                 (QList<QStringList>{{u"零用金"_s, u"物品"_s, u"存量"_s}, {u"工具"_s, u"工具"_s, u"把"_s}}));
-        QCOMPARE(f.said(), QStringList());
-        QCOMPARE(f.ledgers.size(), 0);
+        QCOMPARE(f.rows(u"select ZbNm,Item,SL from ZbLst order by ZBID"_s),
+                 (QStringList{u"零用金|物品|存量"_s, u"工具|工具|把"_s}));
     }
 
     // The frames lay out their texts unclipped, and the keyword boxes sit over the caption's blanks.
@@ -342,6 +299,7 @@ private slots:
         Fixture f;
         f.t.openLedger(u"L1"_s, u"五金"_s, u"工具"_s, u"件"_s);
         f.open(ZbTyp::Mode::AddLedger);
+        QCOMPARE(f.step(), QStringList{u"frame 0"_s});
         QVERIFY(QTest::qWaitForWindowExposed(f.window.get()));
         auto* info = f.d.w<QLabel>(u"LabInfo_0"_s);
         QVERIFY(info->text().startsWith(u"您的数据存放在云端服务器上，称为一个“账本”。"_s));
@@ -353,7 +311,7 @@ private slots:
 
         f.open(ZbTyp::Mode::TypeSettings);
         QVERIFY(QTest::qWaitForWindowExposed(f.window.get()));
-        auto* custom = f.d.w<QRadioButton>(opt(4));
+        auto* custom = f.d.w<QRadioButton>(u"Opt_4"_s);
         QCOMPARE(custom->text(), u"自定义账本类型(关键词：         、        )"_s);
         const QRect option(custom->mapTo(custom->parentWidget(), QPoint()), custom->size());
         const QRect item = f.d.w<QWidget>(u"Txt_0"_s)->geometry();
@@ -363,8 +321,8 @@ private slots:
         QVERIFY(item.left() > metrics.horizontalAdvance(u"自定义账本类型(关键词："_s));
         // Room for the longest predefined label.
         QVERIFY(qMin(item.width(), quantity.width()) >= metrics.horizontalAdvance(u"应收款"_s));
-        for (int i = 0; i < 5; ++i)
-            QVERIFY(f.d.w<QRadioButton>(opt(i))->width() >= f.d.w<QRadioButton>(opt(i))->sizeHint().width());
+        for (auto* each : f.window->findChildren<QRadioButton*>())
+            QVERIFY(each->width() >= each->sizeHint().width());
     }
 };
 
