@@ -6,18 +6,12 @@
 #include <QTest>
 
 using namespace lanzhou;
+using namespace Qt::StringLiterals;
 
 namespace {
 
-QString app()
-{
-    return AppConstants::settingsApp();
-}
-
-QString tag()
-{
-    return AppConstants::settingsTag();
-}
+const QString app = AppConstants::settingsApp();
+const QString tag = AppConstants::settingsTag();
 
 QString listKey(int n)
 {
@@ -27,14 +21,15 @@ QString listKey(int n)
 void writeList(Settings& settings, const QStringList& values)
 {
     for (int n = 0; n < values.size(); ++n)
-        settings.write(app(), tag(), listKey(n), values.at(n));
+        settings.write(app, tag, listKey(n), values.at(n));
 }
 
-QStringList ids(const LedgerList& list)
+// The entries as the list keeps them, "ID#name".
+QStringList entries(const LedgerList& list)
 {
     QStringList out;
     for (const LedgerList::Entry& entry : list.entries())
-        out.append(entry.id);
+        out.append(entry.id + u'#' + entry.name);
     return out;
 }
 
@@ -49,100 +44,58 @@ private slots:
     {
         QTemporaryDir dir;
         Settings settings(dir.path());
-        QCOMPARE(settings.read(app(), tag(), listKey(0)), QString());
-
-        settings.write(app(), tag(), listKey(0), QStringLiteral("13812345678#家庭账"));
-        settings.write(app(), QStringLiteral("ZBID"), tag(), QStringLiteral("13812345678"));
-        settings.write(app(), QStringLiteral("自动"), QStringLiteral("键#1"), QStringLiteral("值#一"));
-        settings.write(app(), QStringLiteral("AutoOpen"), tag(), QStringLiteral(" a;b=c, \"d\" "));
+        QCOMPARE(settings.read(app, tag, listKey(0)), QString());
+        settings.write(app, tag, listKey(0), u"13812345678#家庭账"_s);
+        // Blanks around, separators and the comment sign survive in sections, keys and values.
+        settings.write(app, u"自动"_s, u"键#1"_s, u" a;b=c, \"d\" 值#一 "_s);
         // A ledger ID is the application name under which its operators are remembered.
-        for (const QString& ledger : {QStringLiteral("zhang@example.cn"), QStringLiteral("13812345678"),
-                                      QStringLiteral("a/b\\c:d*e")})
-            settings.write(ledger, tag(), tag(), QStringLiteral("管理员@") + ledger);
-        settings.write(QStringLiteral("13812345678"), QStringLiteral("管理员"), QStringLiteral("AutoShowSL"),
-                       QStringLiteral("False"));
+        for (const QString& ledger : {u"13812345678"_s, u"a/b\\c:d*e"_s})
+            settings.write(ledger, tag, tag, u"管理员@"_s + ledger);
 
         // Read back through a second store on the same root, as at the next start.
         const Settings again(dir.path());
-        QCOMPARE(again.read(app(), tag(), listKey(0)), QStringLiteral("13812345678#家庭账"));
-        QCOMPARE(again.read(app(), QStringLiteral("ZBID"), tag()), QStringLiteral("13812345678"));
-        QCOMPARE(again.read(app(), QStringLiteral("自动"), QStringLiteral("键#1")), QStringLiteral("值#一"));
-        QCOMPARE(again.read(app(), QStringLiteral("AutoOpen"), tag()), QStringLiteral(" a;b=c, \"d\" "));
-        for (const QString& ledger : {QStringLiteral("zhang@example.cn"), QStringLiteral("13812345678"),
-                                      QStringLiteral("a/b\\c:d*e")})
-            QCOMPARE(again.read(ledger, tag(), tag()), QStringLiteral("管理员@") + ledger);
-        QCOMPARE(
-            again.read(QStringLiteral("13812345678"), QStringLiteral("管理员"), QStringLiteral("AutoShowSL")),
-            QStringLiteral("False"));
-
+        QCOMPARE(again.read(app, tag, listKey(0)), u"13812345678#家庭账"_s);
+        QCOMPARE(again.read(app, u"自动"_s, u"键#1"_s), u" a;b=c, \"d\" 值#一 "_s);
+        for (const QString& ledger : {u"13812345678"_s, u"a/b\\c:d*e"_s})
+            QCOMPARE(again.read(ledger, tag, tag), u"管理员@"_s + ledger);
         // Keys of one application do not leak into another, nor into another section.
-        QCOMPARE(again.read(QStringLiteral("13812345678"), tag(), listKey(0)), QString());
-        QCOMPARE(again.read(app(), QStringLiteral("ZBID"), listKey(0)), QString());
-
-        settings.write(app(), QStringLiteral("ZBID"), tag(), QString());
-        QCOMPARE(again.read(app(), QStringLiteral("ZBID"), tag()), QString());
+        QCOMPARE(again.read(u"13812345678"_s, tag, listKey(0)), QString());
+        QCOMPARE(again.read(app, u"自动"_s, listKey(0)), QString());
+        settings.write(app, tag, listKey(0), QString());
+        QCOMPARE(again.read(app, tag, listKey(0)), QString());
     }
 
-    void ledgerListLoad()
+    // Loading reads keys 0Z .. 999Z up to the first empty one and skips entries without an ID;
+    // saving writes the list back with an empty key after it, so the skipped entries go for good.
+    void ledgerList()
     {
         QTemporaryDir dir;
         Settings settings(dir.path());
+        writeList(settings, {u"L1#甲账"_s, u"没有井号"_s, u"#L2"_s, u"A#一字"_s, u"L3#乙#丙"_s, QString(),
+                             u"L5#空键之后"_s});
         LedgerList list;
+        list.selected = 0;
         list.load(settings);
-        QCOMPARE(list.size(), 0);
+        QCOMPARE(entries(list), (QStringList{u"L1#甲账"_s, u"A#一字"_s, u"L3#乙#丙"_s}));
+        QCOMPARE(list.selected, -1);
+        QCOMPARE(list.indexOfId(u"l3"_s), -1);
+        QCOMPARE(list.indexOfId(u"l3"_s, Qt::CaseInsensitive), 2);
 
-        writeList(settings, {QStringLiteral("L1#甲账"), QStringLiteral("没有井号"), QStringLiteral("#L2"),
-                             QStringLiteral("A#一字"), QStringLiteral("L3#乙#丙"), QString(),
-                             QStringLiteral("L5#空键之后")});
-        list.load(settings);
-        QCOMPARE(ids(list), (QStringList{QStringLiteral("L1"), QStringLiteral("A"), QStringLiteral("L3")}));
-        QCOMPARE(list.entries().at(2).name, QStringLiteral("乙#丙"));
-        QCOMPARE(list.indexOfId(QStringLiteral("l3")), -1);
-        QCOMPARE(list.indexOfId(QStringLiteral("l3"), Qt::CaseInsensitive), 2);
-
-        // Saving drops the skipped entries for good.
+        QCOMPARE(list.append({u"L4"_s, u"丁"_s}), 3);
+        list.removeAt(1);
+        list.rename(1, u"丙二"_s);
         list.save(settings);
-        QCOMPARE(settings.read(app(), tag(), listKey(1)), QStringLiteral("A#一字"));
-        QCOMPARE(settings.read(app(), tag(), listKey(3)), QString());
-        QCOMPARE(settings.read(app(), tag(), listKey(4)), QStringLiteral("L3#乙#丙"));
-        LedgerList reloaded;
-        reloaded.load(settings);
-        QCOMPARE(ids(reloaded), ids(list));
+        QCOMPARE(settings.read(app, tag, listKey(1)), u"L3#丙二"_s);
+        list.load(settings);
+        QCOMPARE(entries(list), (QStringList{u"L1#甲账"_s, u"L3#丙二"_s, u"L4#丁"_s}));
 
-        // Keys 0Z .. 999Z hold the list; 1000Z is never read.
         QStringList full;
         for (int n = 0; n <= AppConstants::maxLedgers; ++n)
-            full.append(QStringLiteral("L%1#账%1").arg(n));
+            full.append(u"L%1#账%1"_s.arg(n));
         writeList(settings, full);
         list.load(settings);
         QCOMPARE(list.size(), int(AppConstants::maxLedgers));
-        QCOMPARE(list.entries().constLast().id, QStringLiteral("L999"));
-    }
-
-    void ledgerListSave()
-    {
-        QTemporaryDir dir;
-        Settings settings(dir.path());
-        LedgerList list;
-        QCOMPARE(list.append({QStringLiteral("L1"), QStringLiteral("甲")}), 0);
-        QCOMPARE(list.append({QStringLiteral("L2"), QStringLiteral("乙")}), 1);
-        QCOMPARE(list.append({QStringLiteral("L3"), QStringLiteral("丙")}), 2);
-        list.save(settings);
-        QCOMPARE(settings.read(app(), tag(), listKey(2)), QStringLiteral("L3#丙"));
-        QCOMPARE(settings.read(app(), tag(), listKey(3)), QString());
-
-        list.removeAt(1);
-        list.rename(1, QStringLiteral("丙二"));
-        list.save(settings);
-        QCOMPARE(settings.read(app(), tag(), listKey(0)), QStringLiteral("L1#甲"));
-        QCOMPARE(settings.read(app(), tag(), listKey(1)), QStringLiteral("L3#丙二"));
-        QCOMPARE(settings.read(app(), tag(), listKey(2)), QString());
-
-        LedgerList reloaded;
-        reloaded.load(settings);
-        QCOMPARE(ids(reloaded), (QStringList{QStringLiteral("L1"), QStringLiteral("L3")}));
-        QCOMPARE(reloaded.entries().at(1).name, QStringLiteral("丙二"));
-        QCOMPARE(reloaded.selected, -1);
+        QCOMPARE(list.entries().constLast().id, u"L999"_s);
     }
 };
 

@@ -7,6 +7,7 @@
 
 using namespace lanzhou;
 using namespace lanzhou::test;
+using namespace Qt::StringLiterals;
 
 // The shared text, number and date routines, and the once-per-run server date.
 class TestUtilities : public QObject
@@ -17,17 +18,13 @@ private slots:
     {
         QTest::addColumn<QString>("typed");
         QTest::addColumn<QString>("cleaned");
-        QTest::newRow("blanks, apostrophe, comma and line break")
-            << QStringLiteral("  螺丝'钉,大号\n红色  ") << QStringLiteral("螺丝钉，大号红色");
-        QTest::newRow("carriage returns") << QStringLiteral("a\r\nb\rc") << QStringLiteral("abc");
-        QTest::newRow("box-drawing characters") << QStringLiteral("A│B─C") << QStringLiteral("A|B-C");
-        QTest::newRow("quotes and percent stay") << QStringLiteral("\"50%\"") << QStringLiteral("\"50%\"");
-        QTest::newRow("only blanks are trimmed")
-            << QStringLiteral("\tx\t\u3000") << QStringLiteral("\tx\t\u3000");
+        QTest::newRow("blanks, apostrophe, comma and line breaks")
+            << u"  螺丝'钉,大号\r\n红\r色  "_s << u"螺丝钉，大号红色"_s;
+        QTest::newRow("box-drawing characters; quotes and percent stay")
+            << u"A│B─C\"50%\""_s << u"A|B-C\"50%\""_s;
+        QTest::newRow("only blanks are trimmed") << u"\tx\t\u3000"_s << u"\tx\t\u3000"_s;
         // Trimming comes first, so blanks freed by the later removals stay.
-        QTest::newRow("blanks inside apostrophes") << QStringLiteral(" ' a ' ") << QStringLiteral(" a ");
-        QTest::newRow("blank behind a line break") << QStringLiteral(" \n a") << QStringLiteral(" a");
-        QTest::newRow("empty") << QString() << QString();
+        QTest::newRow("blanks inside apostrophes") << u" ' a ' "_s << u" a "_s;
     }
     void cleanInput()
     {
@@ -40,23 +37,17 @@ private slots:
     {
         QTest::addColumn<double>("quantity");
         QTest::addColumn<QString>("shown");
-        QTest::newRow("whole") << 10.0 << QStringLiteral("10");
-        QTest::newRow("half") << 2.5 << QStringLiteral("2.5");
-        QTest::newRow("negative below one") << -0.5 << QStringLiteral("-0.5");
-        QTest::newRow("positive below one") << 0.25 << QStringLiteral("0.25");
-        QTest::newRow("zero") << 0.0 << QStringLiteral("0");
-        QTest::newRow("rounded to eight decimals") << 1.123456789 << QStringLiteral("1.12345679");
-        QTest::newRow("eight decimals kept") << 1.12345678 << QStringLiteral("1.12345678");
-        QTest::newRow("binary noise") << 0.1 + 0.2 << QStringLiteral("0.3");
-        QTest::newRow("a third") << 1.0 / 3.0 << QStringLiteral("0.33333333");
-        QTest::newRow("negative two thirds") << -2.0 / 3.0 << QStringLiteral("-0.66666667");
-        QTest::newRow("rounding drops trailing zeros") << 2.000000001 << QStringLiteral("2");
-        QTest::newRow("large with decimals") << 12345.678901234 << QStringLiteral("12345.67890123");
-        QTest::newRow("fifteen digits") << 123456789012345.0 << QStringLiteral("123456789012345");
-        QTest::newRow("large without exponent") << 1e15 << QStringLiteral("1000000000000000");
-        QTest::newRow("tiny") << 0.000000123456 << QStringLiteral("0.00000012");
-        QTest::newRow("too tiny to show") << 1e-10 << QStringLiteral("0");
-        QTest::newRow("too tiny negative") << -1e-10 << QStringLiteral("0");
+        QTest::newRow("whole") << 10.0 << u"10"_s;
+        QTest::newRow("negative below one") << -0.5 << u"-0.5"_s;
+        QTest::newRow("zero") << 0.0 << u"0"_s;
+        QTest::newRow("rounded to eight decimals") << 1.123456789 << u"1.12345679"_s;
+        QTest::newRow("eight decimals kept") << 1.12345678 << u"1.12345678"_s;
+        QTest::newRow("binary noise") << 0.1 + 0.2 << u"0.3"_s;
+        QTest::newRow("rounding drops trailing zeros") << 2.000000001 << u"2"_s;
+        QTest::newRow("fifteen digits") << 123456789012345.0 << u"123456789012345"_s;
+        QTest::newRow("large without exponent") << 1e15 << u"1000000000000000"_s;
+        QTest::newRow("tiny") << 0.000000123456 << u"0.00000012"_s;
+        QTest::newRow("too tiny negative to show") << -1e-10 << u"0"_s;
     }
     void formatQuantity()
     {
@@ -70,20 +61,16 @@ private slots:
         QTest::addColumn<QString>("text");
         QTest::addColumn<double>("value");
         QTest::addColumn<bool>("isNumber");
-        QTest::newRow("plain") << QStringLiteral("12") << 12.0 << true;
-        QTest::newRow("blanks around") << QStringLiteral("  -1.5 ") << -1.5 << true;
-        QTest::newRow("leading point") << QStringLiteral("+.5") << 0.5 << true;
-        QTest::newRow("exponent") << QStringLiteral("1e3") << 1000.0 << true;
-        QTest::newRow("text after the number") << QStringLiteral("12abc") << 12.0 << false;
-        QTest::newRow("blanks inside") << QStringLiteral(" 1 2 3") << 123.0 << false;
-        QTest::newRow("sign apart") << QStringLiteral("- 5") << -5.0 << false;
-        QTest::newRow("double exponent letter") << QStringLiteral("1d2") << 100.0 << false;
-        QTest::newRow("comma ends the number") << QStringLiteral("1,000") << 1.0 << false;
-        QTest::newRow("second point ends it") << QStringLiteral("3.5.6") << 3.5 << false;
-        QTest::newRow("no number") << QStringLiteral("abc") << 0.0 << false;
-        QTest::newRow("lone point") << QStringLiteral(".") << 0.0 << false;
-        QTest::newRow("double sign") << QStringLiteral("--1") << 0.0 << false;
-        QTest::newRow("empty") << QString() << 0.0 << false;
+        QTest::newRow("blanks around") << u"  -1.5 "_s << -1.5 << true;
+        QTest::newRow("leading point") << u"+.5"_s << 0.5 << true;
+        QTest::newRow("exponent") << u"1e3"_s << 1000.0 << true;
+        QTest::newRow("text after the number") << u"12abc"_s << 12.0 << false;
+        QTest::newRow("blanks inside") << u" 1 2 3"_s << 123.0 << false;
+        QTest::newRow("double exponent letter") << u"1d2"_s << 100.0 << false;
+        QTest::newRow("second point ends it") << u"3.5.6"_s << 3.5 << false;
+        QTest::newRow("no number") << u"abc"_s << 0.0 << false;
+        QTest::newRow("lone point") << u"."_s << 0.0 << false;
+        QTest::newRow("double sign") << u"--1"_s << 0.0 << false;
     }
     void numbers()
     {
@@ -96,16 +83,12 @@ private slots:
 
     void dateAndTimeTexts()
     {
-        QCOMPARE(FormatDate(QDate(2026, 3, 5)), QStringLiteral("2026-03-05"));
-        QCOMPARE(FormatDate(QDate(2026, 12, 31)), QStringLiteral("2026-12-31"));
-        QCOMPARE(FormatDate(QDate(999, 1, 2)), QStringLiteral("999-01-02"));
-
+        QCOMPARE(FormatDate(QDate(2026, 3, 5)), u"2026-03-05"_s);
+        QCOMPARE(FormatDate(QDate(999, 1, 2)), u"999-01-02"_s);
         FixedClock clock(QDate(2026, 11, 15), QTime(9, 5, 30, 250));
-        QCOMPARE(LocalTimeText(clock), QStringLiteral("09:05"));
+        QCOMPARE(LocalTimeText(clock), u"09:05"_s);
         clock.set(QDate(2026, 11, 15), QTime(23, 59, 59, 999));
-        QCOMPARE(LocalTimeText(clock), QStringLiteral("23:59"));
-        clock.set(QDate(2026, 11, 16), QTime(0, 0));
-        QCOMPARE(LocalTimeText(clock), QStringLiteral("00:00"));
+        QCOMPARE(LocalTimeText(clock), u"23:59"_s);
     }
 
     void parseDate_data()
@@ -113,24 +96,16 @@ private slots:
         QTest::addColumn<QString>("text");
         QTest::addColumn<QDate>("date");
         QTest::newRow("empty is today") << QString() << QDate(2026, 11, 15);
-        QTest::newRow("direct") << QStringLiteral("2026-03-05") << QDate(2026, 3, 5);
-        QTest::newRow("direct without zeros") << QStringLiteral("2026-3-5") << QDate(2026, 3, 5);
-        QTest::newRow("direct outside the year search")
-            << QStringLiteral("1999-12-31") << QDate(1999, 12, 31);
-        QTest::newRow("chinese form") << QStringLiteral("2026年3月5日") << QDate(2026, 3, 5);
-        QTest::newRow("slashes") << QStringLiteral("2026/03/05") << QDate(2026, 3, 5);
-        QTest::newRow("server time stamp") << QStringLiteral("2026-11-15T09:05:30") << QDate(2026, 11, 15);
-        QTest::newRow("year found behind month and day")
-            << QStringLiteral("12/31/2026") << QDate(2026, 12, 31);
-        QTest::newRow("year found first, then month and day")
-            << QStringLiteral("05.03.2026") << QDate(2026, 5, 3);
-        QTest::newRow("two-digit year") << QStringLiteral("26-3-5") << QDate(2026, 3, 5);
-        QTest::newRow("long first group cut to two digits") << QStringLiteral("126.3.5") << QDate(2026, 3, 5);
-        QTest::newRow("year beyond the search") << QStringLiteral("2031/03/05") << QDate(2031, 3, 5);
-        QTest::newRow("year alone is the first of january") << QStringLiteral("2026") << QDate(2026, 1, 1);
-        QTest::newRow("missing day") << QStringLiteral("2026年7月") << QDate(2026, 7, 1);
-        QTest::newRow("implausible month") << QStringLiteral("2026/13/05") << QDate();
-        QTest::newRow("no digits") << QStringLiteral("abc") << QDate();
+        QTest::newRow("direct outside the year search") << u"1999-3-5"_s << QDate(1999, 3, 5);
+        QTest::newRow("chinese form") << u"2026年3月5日"_s << QDate(2026, 3, 5);
+        QTest::newRow("server time stamp") << u"2026-11-15T09:05:30"_s << QDate(2026, 11, 15);
+        QTest::newRow("year found behind month and day") << u"12/31/2026"_s << QDate(2026, 12, 31);
+        QTest::newRow("two-digit year") << u"26-3-5"_s << QDate(2026, 3, 5);
+        QTest::newRow("long first group cut to two digits") << u"126.3.5"_s << QDate(2026, 3, 5);
+        QTest::newRow("year alone is the first of january") << u"2026"_s << QDate(2026, 1, 1);
+        QTest::newRow("missing day") << u"2026年7月"_s << QDate(2026, 7, 1);
+        QTest::newRow("implausible month") << u"2026/13/05"_s << QDate();
+        QTest::newRow("no digits") << u"abc"_s << QDate();
     }
     void parseDate()
     {
@@ -146,19 +121,17 @@ private slots:
     {
         QFETCH(QString, backend);
         TestContext t(backend);
-        const QString serverToday =
-            FormatDate(ParseDate(t.db->RunScalar(QStringLiteral("select Getdate()")), QDate()));
-        Database down(unreachableConfig(QStringLiteral("postgresql")));
+        const QString serverToday = FormatDate(ParseDate(t.db->RunScalar(u"select Getdate()"_s), QDate()));
+        Database down(unreachableConfig(u"postgresql"_s));
         // A local date that no server shows today.
         FixedClock clock(QDate(2001, 2, 3), QTime(10, 0));
 
         Session offline;
-        QCOMPARE(ServerDate(down, offline, clock), QStringLiteral("2001-02-03"));
-        QCOMPARE(offline.serverDateText, QStringLiteral("2001-02-03"));
+        QCOMPARE(ServerDate(down, offline, clock), u"2001-02-03"_s);
         QCOMPARE(offline.serverDateDay, qint16(3));
-        QCOMPARE(ServerDate(*t.db, offline, clock), QStringLiteral("2001-02-03"));
+        QCOMPARE(ServerDate(*t.db, offline, clock), u"2001-02-03"_s);
         clock.set(QDate(2001, 2, 4), QTime(0, 5));
-        QCOMPARE(ServerDate(*t.db, offline, clock), QStringLiteral("2001-02-03"));
+        QCOMPARE(ServerDate(*t.db, offline, clock), u"2001-02-03"_s);
 
         Session online;
         QCOMPARE(ServerDate(*t.db, online, clock), serverToday);
