@@ -42,6 +42,11 @@ struct Fixture
         d.type(u"TxtZbID"_s, contact);
         d.click(u"Cmd_3"_s);
     }
+    void click(std::initializer_list<QString> buttons)
+    {
+        for (const QString& button : buttons)
+            d.click(button);
+    }
     void enter(const QString& box, const QString& text)
     {
         d.type(box, text);
@@ -210,9 +215,7 @@ private slots:
         QCOMPARE(f.step(), (QStringList{u"frame 0"_s, u"连接服务器失败，请重试！"_s}));
         QCOMPARE(f.t.session.ledgerId, u"20002"_s);
         f.serverUp(true);
-        f.d.click(u"Cmd_3"_s);
-        f.d.click(u"Cmd_5"_s);
-        f.d.click(u"Opt_2"_s);
+        f.click({u"Cmd_3"_s, u"Cmd_5"_s, u"Opt_2"_s});
         f.serverUp(false);
         f.d.click(u"Cmd_0"_s);
         QCOMPARE(f.step(),
@@ -221,8 +224,7 @@ private slots:
         QCOMPARE(f.ledgers.size(), 3);
         // Retried with the server back, it goes through with the type still picked.
         f.serverUp(true);
-        f.d.click(u"Cmd_3"_s);
-        f.d.click(u"Cmd_5"_s);
+        f.click({u"Cmd_3"_s, u"Cmd_5"_s});
         QCOMPARE(f.step(), QStringList{u"frame 2 option 2"_s});
         f.d.click(u"Cmd_0"_s);
         QCOMPARE(f.rows(u"select ZbNm,Item,SL from ZbLst where ZBID='40004'"_s),
@@ -231,8 +233,7 @@ private slots:
         // With no option picked the ledger counts 项目 by 数额.
         f.open(ZbTyp::Mode::AddLedger);
         f.lookUp(u"QQ号"_s, u"30003"_s);
-        f.d.click(u"Cmd_5"_s);
-        f.d.click(u"Cmd_0"_s);
+        f.click({u"Cmd_5"_s, u"Cmd_0"_s});
         QCOMPARE(f.step(), QStringList{u"accepted OK"_s});
         QCOMPARE(f.rows(u"select ZbNm,Item,SL from ZbLst where ZBID='30003'"_s),
                  QStringList{u"新建我的云账本|项目|数额"_s});
@@ -250,18 +251,15 @@ private slots:
         f.t.openLedger(u"L-cash"_s, u"零用金"_s, u"账户"_s, u"余额"_s);
         f.open(ZbTyp::Mode::TypeSettings);
         QCOMPARE(f.step(), QStringList{u"frame 2 option 0"_s});
-        f.d.click(u"Opt_1"_s);
-        f.d.click(u"Cmd_0"_s);
+        f.click({u"Opt_1"_s, u"Cmd_0"_s});
         QCOMPARE(f.step(), QStringList{u"accepted OK"_s});
         QCOMPARE(f.t.session.itemLabel + u'|' + f.t.session.quantityLabel, u"物品|存量"_s);
         f.open(ZbTyp::Mode::TypeSettings);
-        f.d.click(u"Opt_3"_s);
-        f.d.click(u"Cmd_1"_s);
+        f.click({u"Opt_3"_s, u"Cmd_1"_s});
         QCOMPARE(f.step(), QStringList{u"rejected"_s});
         f.serverUp(false);
         f.open(ZbTyp::Mode::TypeSettings);
-        f.d.click(u"Opt_0"_s);
-        f.d.click(u"Cmd_0"_s);
+        f.click({u"Opt_0"_s, u"Cmd_0"_s});
         QCOMPARE(f.step(), (QStringList{u"frame 2 option 0"_s,
                                         u"提示: 账本设置保存失败，请检查网络连接是否正常，然后重试！"_s}));
         QCOMPARE(f.t.session.itemLabel, u"物品"_s);
