@@ -1,33 +1,165 @@
 #include "TestContext.h"
 
+#include "AppConstants.h"
 #include "DateUtils.h"
+#include "LedgerList.h"
+#include "QtTranslation.h"
+#include "Rights.h"
+#include "TextGrid.h"
 #include "TextUtils.h"
 
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTemporaryDir>
 #include <QTest>
 
 using namespace lanzhou;
 using namespace lanzhou::test;
+using namespace Qt::StringLiterals;
 
-// The shared text, number and date routines, and the once-per-run server date.
+namespace {
+
+const QString app = AppConstants::settingsApp();
+const QString tag = AppConstants::settingsTag();
+
+void writeList(Settings& settings, const QStringList& values)
+{
+    for (int n = 0; n < values.size(); ++n)
+        settings.write(app, tag, QString::number(n) + u'Z', values.at(n));
+}
+
+// The entries as the list keeps them, "ID#name".
+QStringList entries(const LedgerList& list)
+{
+    QStringList out;
+    for (const LedgerList::Entry& entry : list.entries())
+        out.append(entry.id + u'#' + entry.name);
+    return out;
+}
+
+} // namespace
+
+// The shared text, number and date routines, the once-per-run server date, the rights string,
+// the text grid cells and the local settings.
 class TestUtilities : public QObject
 {
     Q_OBJECT
 private slots:
+    void extendAndGrant_data()
+    {
+        QTest::addColumn<QString>("stored");
+        QTest::addColumn<QString>("extended");
+        QTest::newRow("null") << QString() << u"1111111111111111"_s;
+        QTest::newRow("older build") << u"1000"_s << u"1000111111111111"_s;
+        QTest::newRow("longer kept") << u"00000000000000000"_s << u"00000000000000000"_s;
+        QTest::newRow("other characters") << u"2 x1"_s << u"2 x1111111111111"_s;
+    }
+    void extendAndGrant()
+    {
+        QFETCH(QString, stored);
+        QFETCH(QString, extended);
+        Session session;
+        session.setRights(stored);
+        QCOMPARE(session.rights(), extended);
+        // The editor's boxes: one per right, checked where the right is granted.
+        const QList<bool> boxes = Rights::ToChecks(stored);
+        QCOMPARE(boxes.size(), Rights::count);
+        for (int position = 1; position <= Rights::count; ++position) {
+            QCOMPARE(session.hasRight(Right(position)), extended.at(position - 1) == QLatin1Char('1'));
+            QCOMPARE(boxes.at(position - 1), session.hasRight(Right(position)));
+        }
+        QVERIFY(!Rights::Granted(extended, 0));
+        QVERIFY(!Rights::Granted(extended, int(extended.size()) + 1));
+    }
+
+    // The rules run when a box is cleared and only ever clear boxes.
+    void clearRules_data()
+    {
+        QTest::addColumn<QString>("before");
+        QTest::addColumn<QString>("after");
+        QTest::newRow("journal view cleared") << u"1111101111111111"_s << u"1111101100000111"_s;
+        QTest::newRow("one report view left") << u"1111001111111111"_s << u"1111001100000111"_s;
+        QTest::newRow("all report views cleared") << u"1111000111111111"_s << u"1111000000000111"_s;
+        QTest::newRow("increase cleared, decrease kept") << u"1011111111111111"_s << u"1011111111111111"_s;
+        QTest::newRow("increase and decrease cleared") << u"1001111111111111"_s << u"1001111110011111"_s;
+        QTest::newRow("positions 9 and 15 alone") << u"1111111101111101"_s << u"1111111101111101"_s;
+        QTest::newRow("nothing is ever set") << u"0000000000000000"_s << u"0000000000000000"_s;
+    }
+    void clearRules()
+    {
+        QFETCH(QString, before);
+        QFETCH(QString, after);
+        QList<bool> checks = Rights::ToChecks(before);
+        Rights::ApplyClearRules(checks);
+        QCOMPARE(Rights::FromChecks(checks), after);
+    }
+
+    void cells_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<int>("width");
+        QTest::addColumn<QString>("expected");
+        QTest::newRow("padded") << u"螺丝"_s << 1000 << u"螺丝        │"_s;
+        QTest::newRow("empty") << QString() << 890 << u"          │"_s;
+        // Clipping stops at the width, never beyond; a half column left over is filled by a blank.
+        QTest::newRow("clipped") << u"一二三四五六七"_s << 1000 << u"一二三四五  │"_s;
+        QTest::newRow("exact fit kept") << u"2026-11-15 08:00"_s << 1440 << u"2026-11-15 08:00│"_s;
+        QTest::newRow("one over clipped") << u"2026-11-15 08:001"_s << 1440 << u"2026-11-15 08:00│"_s;
+        QTest::newRow("surrogate pair kept") << u"甲\U00020000乙丙"_s << 400 << u"甲\U00020000 │"_s;
+        QTest::newRow("surrogate pair dropped whole") << u"甲\U00020000乙丙"_s << 300 << u"甲  │"_s;
+    }
+    void cells()
+    {
+        QFETCH(QString, text);
+        QFETCH(int, width);
+        QFETCH(QString, expected);
+        const TextGrid grid(TextGrid::listFont());
+        const QString cell = grid.textCell(text, width);
+        QCOMPARE(cell, expected);
+        QVERIFY(grid.widthTwips(QStringView(cell).chopped(1)) >= width);
+    }
+
+    // A 9-point em is 180 twips: full-width characters take one, half-width ones half. Number cells
+    // are never clipped; rule segments reach at least their width.
+    void columns()
+    {
+        const TextGrid grid(TextGrid::listFont());
+        QCOMPARE(grid.widthTwips(u"物"_s), 180.0);
+        QCOMPARE(grid.widthTwips(u"物品ab 12："_s), 90.0 * 11);
+        QCOMPARE(grid.numberCell(-2.5), u"        -2.5│"_s);
+        QCOMPARE(grid.numberCell(1.123456789), u"  1.12345679│"_s);
+        QCOMPARE(grid.numberCell(0.5, 500), u"   0.5│"_s);
+        QCOMPARE(grid.numberCell(123456789012345.0), u"123456789012345│"_s);
+        QCOMPARE(grid.ruleSegment(TextGrid::Top, 800), u"─────┬"_s);
+        QCOMPARE(grid.ruleSegment(TextGrid::Middle, 1000), u"──────┼"_s);
+        QCOMPARE(grid.ruleSegment(TextGrid::Bottom, 180), u"─┴"_s);
+
+        // The journal's and the reports' columns: text, CJK text and numbers close their cells where
+        // the rule segments of the same column put their junctions.
+        const QList<std::pair<int, int>> columns{{890, 800}, {1590, 1500}, {3000, 3000}, {1000, 1000}};
+        for (const auto& [cellWidth, ruleWidth] : columns) {
+            const double rule = grid.widthTwips(grid.ruleSegment(TextGrid::Middle, ruleWidth));
+            for (const QString& text : {QString(), u"管理员"_s, u"abc"_s,
+                                        u"C型不锈钢加长垫圈（国标GB97.1规格M12）x"_s, u"2026-11-15 08:00"_s})
+                QCOMPARE(grid.widthTwips(grid.textCell(text, cellWidth)), rule);
+            if (cellWidth == 1000) {
+                QCOMPARE(grid.widthTwips(grid.numberCell(-0.125)), rule);
+                QCOMPARE(grid.widthTwips(grid.numberCell(99999)), rule);
+            }
+        }
+    }
+
     void cleanInput_data()
     {
         QTest::addColumn<QString>("typed");
         QTest::addColumn<QString>("cleaned");
-        QTest::newRow("blanks, apostrophe, comma and line break")
-            << QStringLiteral("  螺丝'钉,大号\n红色  ") << QStringLiteral("螺丝钉，大号红色");
-        QTest::newRow("carriage returns") << QStringLiteral("a\r\nb\rc") << QStringLiteral("abc");
-        QTest::newRow("box-drawing characters") << QStringLiteral("A│B─C") << QStringLiteral("A|B-C");
-        QTest::newRow("quotes and percent stay") << QStringLiteral("\"50%\"") << QStringLiteral("\"50%\"");
-        QTest::newRow("only blanks are trimmed")
-            << QStringLiteral("\tx\t\u3000") << QStringLiteral("\tx\t\u3000");
+        QTest::newRow("blanks, apostrophe, comma and line breaks")
+            << u"  螺丝'钉,大号\r\n红\r色  "_s << u"螺丝钉，大号红色"_s;
+        QTest::newRow("box-drawing characters; quotes and percent stay")
+            << u"A│B─C\"50%\""_s << u"A|B-C\"50%\""_s;
+        QTest::newRow("only blanks are trimmed") << u"\tx\t\u3000"_s << u"\tx\t\u3000"_s;
         // Trimming comes first, so blanks freed by the later removals stay.
-        QTest::newRow("blanks inside apostrophes") << QStringLiteral(" ' a ' ") << QStringLiteral(" a ");
-        QTest::newRow("blank behind a line break") << QStringLiteral(" \n a") << QStringLiteral(" a");
-        QTest::newRow("empty") << QString() << QString();
+        QTest::newRow("blanks inside apostrophes") << u" ' a ' "_s << u" a "_s;
     }
     void cleanInput()
     {
@@ -40,23 +172,15 @@ private slots:
     {
         QTest::addColumn<double>("quantity");
         QTest::addColumn<QString>("shown");
-        QTest::newRow("whole") << 10.0 << QStringLiteral("10");
-        QTest::newRow("half") << 2.5 << QStringLiteral("2.5");
-        QTest::newRow("negative below one") << -0.5 << QStringLiteral("-0.5");
-        QTest::newRow("positive below one") << 0.25 << QStringLiteral("0.25");
-        QTest::newRow("zero") << 0.0 << QStringLiteral("0");
-        QTest::newRow("rounded to eight decimals") << 1.123456789 << QStringLiteral("1.12345679");
-        QTest::newRow("eight decimals kept") << 1.12345678 << QStringLiteral("1.12345678");
-        QTest::newRow("binary noise") << 0.1 + 0.2 << QStringLiteral("0.3");
-        QTest::newRow("a third") << 1.0 / 3.0 << QStringLiteral("0.33333333");
-        QTest::newRow("negative two thirds") << -2.0 / 3.0 << QStringLiteral("-0.66666667");
-        QTest::newRow("rounding drops trailing zeros") << 2.000000001 << QStringLiteral("2");
-        QTest::newRow("large with decimals") << 12345.678901234 << QStringLiteral("12345.67890123");
-        QTest::newRow("fifteen digits") << 123456789012345.0 << QStringLiteral("123456789012345");
-        QTest::newRow("large without exponent") << 1e15 << QStringLiteral("1000000000000000");
-        QTest::newRow("tiny") << 0.000000123456 << QStringLiteral("0.00000012");
-        QTest::newRow("too tiny to show") << 1e-10 << QStringLiteral("0");
-        QTest::newRow("too tiny negative") << -1e-10 << QStringLiteral("0");
+        QTest::newRow("negative below one") << -0.5 << u"-0.5"_s;
+        QTest::newRow("rounded to eight decimals") << 1.123456789 << u"1.12345679"_s;
+        QTest::newRow("eight decimals kept") << 1.12345678 << u"1.12345678"_s;
+        QTest::newRow("binary noise") << 0.1 + 0.2 << u"0.3"_s;
+        QTest::newRow("rounding drops trailing zeros") << 2.000000001 << u"2"_s;
+        QTest::newRow("fifteen digits") << 123456789012345.0 << u"123456789012345"_s;
+        QTest::newRow("large without exponent") << 1e15 << u"1000000000000000"_s;
+        QTest::newRow("tiny") << 0.000000123456 << u"0.00000012"_s;
+        QTest::newRow("too tiny negative to show") << -1e-10 << u"0"_s;
     }
     void formatQuantity()
     {
@@ -70,20 +194,15 @@ private slots:
         QTest::addColumn<QString>("text");
         QTest::addColumn<double>("value");
         QTest::addColumn<bool>("isNumber");
-        QTest::newRow("plain") << QStringLiteral("12") << 12.0 << true;
-        QTest::newRow("blanks around") << QStringLiteral("  -1.5 ") << -1.5 << true;
-        QTest::newRow("leading point") << QStringLiteral("+.5") << 0.5 << true;
-        QTest::newRow("exponent") << QStringLiteral("1e3") << 1000.0 << true;
-        QTest::newRow("text after the number") << QStringLiteral("12abc") << 12.0 << false;
-        QTest::newRow("blanks inside") << QStringLiteral(" 1 2 3") << 123.0 << false;
-        QTest::newRow("sign apart") << QStringLiteral("- 5") << -5.0 << false;
-        QTest::newRow("double exponent letter") << QStringLiteral("1d2") << 100.0 << false;
-        QTest::newRow("comma ends the number") << QStringLiteral("1,000") << 1.0 << false;
-        QTest::newRow("second point ends it") << QStringLiteral("3.5.6") << 3.5 << false;
-        QTest::newRow("no number") << QStringLiteral("abc") << 0.0 << false;
-        QTest::newRow("lone point") << QStringLiteral(".") << 0.0 << false;
-        QTest::newRow("double sign") << QStringLiteral("--1") << 0.0 << false;
-        QTest::newRow("empty") << QString() << 0.0 << false;
+        QTest::newRow("blanks around") << u"  -1.5 "_s << -1.5 << true;
+        QTest::newRow("leading point") << u"+.5"_s << 0.5 << true;
+        QTest::newRow("exponent") << u"1e3"_s << 1000.0 << true;
+        QTest::newRow("text after the number") << u"12abc"_s << 12.0 << false;
+        QTest::newRow("blanks inside") << u" 1 2 3"_s << 123.0 << false;
+        QTest::newRow("double exponent letter") << u"1d2"_s << 100.0 << false;
+        QTest::newRow("second point ends it") << u"3.5.6"_s << 3.5 << false;
+        QTest::newRow("lone point") << u"."_s << 0.0 << false;
+        QTest::newRow("double sign") << u"--1"_s << 0.0 << false;
     }
     void numbers()
     {
@@ -96,16 +215,12 @@ private slots:
 
     void dateAndTimeTexts()
     {
-        QCOMPARE(FormatDate(QDate(2026, 3, 5)), QStringLiteral("2026-03-05"));
-        QCOMPARE(FormatDate(QDate(2026, 12, 31)), QStringLiteral("2026-12-31"));
-        QCOMPARE(FormatDate(QDate(999, 1, 2)), QStringLiteral("999-01-02"));
-
+        QCOMPARE(FormatDate(QDate(2026, 3, 5)), u"2026-03-05"_s);
+        QCOMPARE(FormatDate(QDate(999, 1, 2)), u"999-01-02"_s);
         FixedClock clock(QDate(2026, 11, 15), QTime(9, 5, 30, 250));
-        QCOMPARE(LocalTimeText(clock), QStringLiteral("09:05"));
+        QCOMPARE(LocalTimeText(clock), u"09:05"_s);
         clock.set(QDate(2026, 11, 15), QTime(23, 59, 59, 999));
-        QCOMPARE(LocalTimeText(clock), QStringLiteral("23:59"));
-        clock.set(QDate(2026, 11, 16), QTime(0, 0));
-        QCOMPARE(LocalTimeText(clock), QStringLiteral("00:00"));
+        QCOMPARE(LocalTimeText(clock), u"23:59"_s);
     }
 
     void parseDate_data()
@@ -113,24 +228,15 @@ private slots:
         QTest::addColumn<QString>("text");
         QTest::addColumn<QDate>("date");
         QTest::newRow("empty is today") << QString() << QDate(2026, 11, 15);
-        QTest::newRow("direct") << QStringLiteral("2026-03-05") << QDate(2026, 3, 5);
-        QTest::newRow("direct without zeros") << QStringLiteral("2026-3-5") << QDate(2026, 3, 5);
-        QTest::newRow("direct outside the year search")
-            << QStringLiteral("1999-12-31") << QDate(1999, 12, 31);
-        QTest::newRow("chinese form") << QStringLiteral("2026年3月5日") << QDate(2026, 3, 5);
-        QTest::newRow("slashes") << QStringLiteral("2026/03/05") << QDate(2026, 3, 5);
-        QTest::newRow("server time stamp") << QStringLiteral("2026-11-15T09:05:30") << QDate(2026, 11, 15);
-        QTest::newRow("year found behind month and day")
-            << QStringLiteral("12/31/2026") << QDate(2026, 12, 31);
-        QTest::newRow("year found first, then month and day")
-            << QStringLiteral("05.03.2026") << QDate(2026, 5, 3);
-        QTest::newRow("two-digit year") << QStringLiteral("26-3-5") << QDate(2026, 3, 5);
-        QTest::newRow("long first group cut to two digits") << QStringLiteral("126.3.5") << QDate(2026, 3, 5);
-        QTest::newRow("year beyond the search") << QStringLiteral("2031/03/05") << QDate(2031, 3, 5);
-        QTest::newRow("year alone is the first of january") << QStringLiteral("2026") << QDate(2026, 1, 1);
-        QTest::newRow("missing day") << QStringLiteral("2026年7月") << QDate(2026, 7, 1);
-        QTest::newRow("implausible month") << QStringLiteral("2026/13/05") << QDate();
-        QTest::newRow("no digits") << QStringLiteral("abc") << QDate();
+        QTest::newRow("direct outside the year search") << u"1999-3-5"_s << QDate(1999, 3, 5);
+        QTest::newRow("server time stamp") << u"2026-11-15T09:05:30"_s << QDate(2026, 11, 15);
+        QTest::newRow("year found behind month and day") << u"12/31/2026"_s << QDate(2026, 12, 31);
+        QTest::newRow("two-digit year") << u"26-3-5"_s << QDate(2026, 3, 5);
+        QTest::newRow("long first group cut to two digits") << u"126.3.5"_s << QDate(2026, 3, 5);
+        QTest::newRow("year alone is the first of january") << u"2026"_s << QDate(2026, 1, 1);
+        QTest::newRow("missing day") << u"2026年7月"_s << QDate(2026, 7, 1);
+        QTest::newRow("implausible month") << u"2026/13/05"_s << QDate();
+        QTest::newRow("no digits") << u"abc"_s << QDate();
     }
     void parseDate()
     {
@@ -146,26 +252,97 @@ private slots:
     {
         QFETCH(QString, backend);
         TestContext t(backend);
-        const QString serverToday =
-            FormatDate(ParseDate(t.db->RunScalar(QStringLiteral("select Getdate()")), QDate()));
-        Database down(unreachableConfig(QStringLiteral("postgresql")));
+        const QString serverToday = FormatDate(ParseDate(t.db->RunScalar(u"select Getdate()"_s), QDate()));
+        Database down(unreachableConfig(u"postgresql"_s));
         // A local date that no server shows today.
         FixedClock clock(QDate(2001, 2, 3), QTime(10, 0));
 
         Session offline;
-        QCOMPARE(ServerDate(down, offline, clock), QStringLiteral("2001-02-03"));
-        QCOMPARE(offline.serverDateText, QStringLiteral("2001-02-03"));
+        QCOMPARE(ServerDate(down, offline, clock), u"2001-02-03"_s);
         QCOMPARE(offline.serverDateDay, qint16(3));
-        QCOMPARE(ServerDate(*t.db, offline, clock), QStringLiteral("2001-02-03"));
+        QCOMPARE(ServerDate(*t.db, offline, clock), u"2001-02-03"_s);
         clock.set(QDate(2001, 2, 4), QTime(0, 5));
-        QCOMPARE(ServerDate(*t.db, offline, clock), QStringLiteral("2001-02-03"));
+        QCOMPARE(ServerDate(*t.db, offline, clock), u"2001-02-03"_s);
 
         Session online;
         QCOMPARE(ServerDate(*t.db, online, clock), serverToday);
         QCOMPARE(ServerDate(down, online, clock), serverToday);
         QCOMPARE(online.serverDateDay, qint16(ParseDate(serverToday, QDate()).day()));
     }
+
+    // The per-user settings store and the local ledger list kept in it.
+    void settingsRoundTrip()
+    {
+        QTemporaryDir dir;
+        Settings settings(dir.path());
+        QCOMPARE(settings.read(app, tag, u"0Z"_s), QString());
+        settings.write(app, tag, u"0Z"_s, u"13812345678#家庭账"_s);
+        // Blanks around, separators and the comment sign survive in sections, keys and values.
+        settings.write(app, u"自动"_s, u"键#1"_s, u" a;b=c, \"d\" 值#一 "_s);
+        // A ledger ID is the application name under which its operators are remembered.
+        for (const QString& ledger : {u"13812345678"_s, u"a/b\\c:d*e"_s})
+            settings.write(ledger, tag, tag, u"管理员@"_s + ledger);
+
+        // Read back through a second store on the same root, as at the next start.
+        const Settings again(dir.path());
+        QCOMPARE(again.read(app, tag, u"0Z"_s), u"13812345678#家庭账"_s);
+        QCOMPARE(again.read(app, u"自动"_s, u"键#1"_s), u" a;b=c, \"d\" 值#一 "_s);
+        for (const QString& ledger : {u"13812345678"_s, u"a/b\\c:d*e"_s})
+            QCOMPARE(again.read(ledger, tag, tag), u"管理员@"_s + ledger);
+        // Keys of one application do not leak into another, nor into another section.
+        QCOMPARE(again.read(u"13812345678"_s, tag, u"0Z"_s), QString());
+        QCOMPARE(again.read(app, u"自动"_s, u"0Z"_s), QString());
+        settings.write(app, tag, u"0Z"_s, QString());
+        QCOMPARE(again.read(app, tag, u"0Z"_s), QString());
+    }
+
+    // Loading reads keys 0Z .. 999Z up to the first empty one and skips entries without an ID;
+    // saving writes the list back with an empty key after it, so the skipped entries go for good.
+    // Qt's own buttons speak Chinese wherever the program runs.
+    void standardButtonsReadChinese()
+    {
+        QVERIFY(LoadQtChineseTranslation(qApp));
+        QMessageBox box(QMessageBox::Question, QString(), u"真的要删除这条记录吗？"_s,
+                        QMessageBox::Yes | QMessageBox::No | QMessageBox::Ok | QMessageBox::Cancel);
+        const auto text = [&](QMessageBox::StandardButton button) {
+            return box.button(button)->text().left(2);
+        };
+        QCOMPARE(text(QMessageBox::Yes).left(1) + text(QMessageBox::No).left(1) + text(QMessageBox::Ok) +
+                     text(QMessageBox::Cancel),
+                 u"是否确定取消"_s);
+    }
+
+    void ledgerList()
+    {
+        QTemporaryDir dir;
+        Settings settings(dir.path());
+        writeList(settings, {u"L1#甲账"_s, u"没有井号"_s, u"#L2"_s, u"A#一字"_s, u"L3#乙#丙"_s, QString(),
+                             u"L5#空键之后"_s});
+        LedgerList list;
+        list.selected = 0;
+        list.load(settings);
+        QCOMPARE(entries(list), (QStringList{u"L1#甲账"_s, u"A#一字"_s, u"L3#乙#丙"_s}));
+        QCOMPARE(list.selected, -1);
+        QCOMPARE(list.indexOfId(u"l3"_s), -1);
+        QCOMPARE(list.indexOfId(u"l3"_s, Qt::CaseInsensitive), 2);
+
+        QCOMPARE(list.append({u"L4"_s, u"丁"_s}), 3);
+        list.removeAt(1);
+        list.rename(1, u"丙二"_s);
+        list.save(settings);
+        QCOMPARE(settings.read(app, tag, u"1Z"_s), u"L3#丙二"_s);
+        list.load(settings);
+        QCOMPARE(entries(list), (QStringList{u"L1#甲账"_s, u"L3#丙二"_s, u"L4#丁"_s}));
+
+        QStringList full;
+        for (int n = 0; n <= AppConstants::maxLedgers; ++n)
+            full.append(u"L%1#账%1"_s.arg(n));
+        writeList(settings, full);
+        list.load(settings);
+        QCOMPARE(list.size(), int(AppConstants::maxLedgers));
+        QCOMPARE(list.entries().constLast().id, u"L999"_s);
+    }
 };
 
-QTEST_GUILESS_MAIN(TestUtilities)
+QTEST_MAIN(TestUtilities)
 #include "tst_utilities.moc"
