@@ -1,0 +1,397 @@
+#include "KuangDriver.h"
+
+#include "LedgerList.h"
+#include "ZbTyp.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+using namespace lanzhou;
+using namespace lanzhou::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+// Adds a ledger through the ledger window, which `steps` fill in once it shows.
+void addLedger(const KuangDriver& d, const std::function<void(const WindowDriver&)>& steps)
+{
+    d.activate();
+    QTimer::singleShot(0, [steps] {
+        auto* dialog = qobject_cast<ZbTyp*>(QApplication::activeModalWidget());
+        QVERIFY(dialog);
+        steps(WindowDriver(dialog));
+    });
+    d.pick(u"CmbZbNm"_s, LedgerList::addEntryText());
+}
+} // namespace
+
+// The main window: the ledger list, opening a ledger, operator login and quick entry.
+class TestKuang : public QObject
+{
+    Q_OBJECT
+private slots:
+    // The local ledger list shrinks entry by entry down to none, then gets a first new ledger.
+    void ledgerList_data() { addBackendRows(); }
+    void ledgerList()
+    {
+        QFETCH(QString, backend);
+        TestContext t(backend);
+        rememberLedger(t, u"A1"_s, u"甲"_s);
+        const QStringList more{u"#坏"_s, u"ab@x.cn#乙"_s, u"C3#丙"_s};
+        for (int i = 0; i < more.size(); ++i)
+            writeSetting(t.settings, u"FR"_s, QString::number(i + 1) + u'Z', more.at(i));
+        writeSetting(t.settings, u"ZBID"_s, u"FR"_s, u"ab@x.cn"_s);
+        t.exec(u"insert into Zblst (ZBid,ZbNm,Item,SL) values ('ab@x.cn','乙','物品','存量')"_s);
+        KuangDriver d(t.context());
+        auto* names = d.w<QComboBox>(u"CmbZbNm"_s);
+        QCOMPARE(names->count(), 4);
+        QCOMPARE(d.text(u"CmbZbNm"_s), u"乙"_s);
+
+        // Adding a ledger already in the list, typed in other letters, selects it.
+        d.pick(u"CmbZbNm"_s, u"甲"_s);
+        addLedger(d, [](const WindowDriver& z) {
+            z.pickIndex(u"CmbLX"_s, 2);
+            z.type(u"TxtZbID"_s, u"AB@X.CN"_s);
+            z.click(u"Cmd_3"_s);
+        });
+        QCOMPARE(names->count(), 4);
+        QCOMPARE(d.text(u"CmbZbID"_s), u"ab@x.cn"_s);
+        QVERIFY(t.dialogs.shown().isEmpty());
+
+        // Removing asks first, then selects the ledger before the removed one.
+        const auto stored = [&t](int n) { return setting(t.settings, u"FR"_s, QString::number(n) + u'Z'); };
+        t.dialogs.queueAnswer(DialogAnswer::No);
+        d.click(u"Cmd2"_s);
+        const auto removal = t.dialogs.shown().constLast();
+        QCOMPARE(removal.text, u"真的要删除《乙》这个账本吗？"_s);
+        QCOMPARE(removal.icon, DialogIcon::Question);
+        QCOMPARE(removal.defaultAnswer, DialogAnswer::No);
+        QCOMPARE(stored(1), u"#坏"_s);
+        t.dialogs.queueAnswer(DialogAnswer::Yes);
+        d.click(u"Cmd2"_s);
+        QCOMPARE(d.text(u"CmbZbNm"_s), u"甲"_s);
+        QCOMPARE((QStringList{stored(0), stored(1)}), (QStringList{u"A1#甲"_s, u"C3#丙"_s}));
+        QCOMPARE(setting(t.settings, u"ZBID"_s, u"FR"_s), QString());
+        t.dialogs.queueAnswer(DialogAnswer::Yes);
+        d.click(u"Cmd2"_s);
+        QCOMPARE(d.text(u"CmbZbNm"_s), u"丙"_s);
+        QCOMPARE(stored(0), u"C3#丙"_s);
+        t.dialogs.queueAnswer(DialogAnswer::Yes);
+        d.click(u"Cmd2"_s);
+        d.click(u"Cmd2"_s);
+        QCOMPARE(t.dialogs.lastText(), u"没有账本可删除！"_s);
+        d.post();
+        QCOMPARE(lastMessage(t), (QStringList{u"提示"_s, u"请首先按提示增加账本，然后再【打开账本】！"_s}));
+
+        d.click(u"Chk"_s);
+        saveScreenshot(d.window(), u"open-ledger.png"_s);
+        t.dialogs.queueAnswer(DialogAnswer::Yes);
+        addLedger(d, [](const WindowDriver& z) {
+            z.type(u"TxtZbID"_s, u"13800000001"_s);
+            saveScreenshot(z.window(), u"zbtyp.png"_s);
+            z.click(u"Cmd_3"_s);
+            z.type(u"TxtZbNm"_s, u"五金仓库"_s);
+            z.click(u"Cmd_5"_s);
+            z.click(u"Opt_1"_s);
+            z.click(u"Cmd_0"_s);
+        });
+        const auto openNow = t.dialogs.shown().constLast();
+        QCOMPARE(openNow.text, u"已经把账本【五金仓库】加入账本列表框，\n是否现在就打开该账本？"_s);
+        QCOMPARE(openNow.icon, DialogIcon::Information);
+        QCOMPARE(openNow.defaultAnswer, DialogAnswer::No);
+        QCOMPARE(d.panel(), Kuang::LoginPanel);
+        QCOMPARE(stored(0), u"13800000001#五金仓库"_s);
+        QCOMPARE(setting(t.settings, u"ZBID"_s, u"FR"_s), u"13800000001"_s);
+        QCOMPARE(setting(t.settings, u"AutoOpen"_s, u"FR"_s), u"1"_s);
+        QCOMPARE(d.text(u"CmbUser"_s), u"管理员"_s);
+        QVERIFY(!d.w<QCheckBox>(u"Chk"_s)->isChecked());
+        saveScreenshot(d.window(), u"login.png"_s);
+        d.post();
+        QCOMPARE(d.panel(), Kuang::EntryPanel);
+        QCOMPARE(d.text(u"labHello"_s), u"您好！，管理员"_s);
+        QCOMPARE(t.session.rights(), u"1111111111111111"_s);
+        QCOMPARE(setting(t.settings, u"13800000001"_s, u"FR"_s), u"管理员"_s);
+        QCOMPARE(setting(t.settings, u"AutoLogin"_s, u"FR"_s), u"0"_s);
+        QCOMPARE(d.text(u"Lab2"_s), u"存量增减"_s);
+
+        // Enter in the quantity box posts; the running total follows each post of the item.
+        d.type(u"Cmb"_s, u"螺丝"_s);
+        d.type(u"Txt"_s, u"10"_s);
+        d.press(u"Txt"_s, Qt::Key_Return);
+        QCOMPARE(d.text(u"Lab5"_s), u"+10  已保存！"_s);
+        QCOMPARE(d.text(u"Lab4"_s), u"当前存量：10"_s);
+        QVERIFY(d.text(u"Txt"_s).isEmpty());
+        d.type(u"Txt"_s, u"-5 计划外"_s);
+        d.post();
+        QVERIFY(d.w<QLabel>(u"Lab5"_s)->isVisible());
+        QCOMPARE(d.text(u"Lab5"_s), u"-5  已保存！"_s);
+        QCOMPARE(d.text(u"Lab4"_s), u"当前存量：5"_s);
+        QCOMPARE(d.w<QComboBox>(u"Cmb"_s)->count(), 1);
+        d.type(u"Txt"_s, u"-"_s);
+        saveScreenshot(d.window(), u"entry.png"_s);
+        const QStringList posted{u"管理员"_s, u"2026-11-15 09:05"_s, u"N11153273025"_s, u"螺丝"_s};
+        QCOMPARE(t.rows(u"select USR,TM,ID,ITEM,BZ from Zhang where ZBID='13800000001' order by SL"_s),
+                 (QList<QStringList>{posted + QStringList{u"计划外"_s}, posted + QStringList{QString()}}));
+    }
+
+    // What the server says when a ledger opens, and automatic login without a password.
+    void openingAnswers_data() { addBackendRows(); }
+    void openingAnswers()
+    {
+        QFETCH(QString, backend);
+        TestContext t(backend);
+        prepareLedger(t, u"L9"_s, u"通知账本"_s);
+        t.exec(u"delete from UsrLst where ZBID='L9'"_s);
+        t.exec(u"update Zblst set Cmd='notice', Msg='今晚维护' where ZBid='L9'"_s);
+        // Without a last ledger nothing opens by itself.
+        writeSetting(t.settings, u"AutoOpen"_s, u"FR"_s, u"1"_s);
+        writeSetting(t.settings, u"ZBID"_s, u"FR"_s, QString());
+        KuangDriver d(t.context());
+        QTest::qWait(20);
+        QCOMPARE(d.panel(), Kuang::OpenLedgerPanel);
+        d.pick(u"CmbZbNm"_s, u"通知账本"_s);
+        d.post();
+        QCOMPARE(t.dialogs.texts(), QStringList{u"今晚维护"_s});
+        QCOMPARE(d.panel(), Kuang::LoginPanel);
+        // A ledger without operators gets its administrator on first open.
+        QCOMPARE(t.rows(u"select Usr,PWD from UsrLst where ZBID='L9'"_s),
+                 (QList<QStringList>{{u"管理员"_s, QString()}}));
+
+        d.click(u"Chk"_s);
+        const DbConfig working = t.db->config();
+        *t.db = Database(unreachableConfig(backend));
+        d.post();
+        QCOMPARE(lastMessage(t), (QStringList{u"提示"_s, u"连接服务器失败，请重试！"_s}));
+        QCOMPARE(d.panel(), Kuang::LoginPanel);
+        *t.db = Database(working);
+        d.post();
+        QCOMPARE(t.dialogs.lastText(),
+                 u"管理员，您好！您还没有设置密码！\n只有设置密码后才可以设置自动登入！"_s);
+        QCOMPARE(d.panel(), Kuang::EntryPanel);
+        QCOMPARE(setting(t.settings, u"AutoLogin"_s, u"FR"_s), QString());
+        QVERIFY(!d.w<QCheckBox>(u"Chk"_s)->isVisible() && !d.w<QCheckBox>(u"Chk2"_s)->isVisible());
+
+        const auto reopen = [&d] {
+            d.chooseMenu(u"CmdMenu"_s, u"Menu_BackZB"_s);
+            QCOMPARE(d.text(u"CmbZbID"_s), u"L9"_s);
+            d.post();
+        };
+        t.exec(u"update Zblst set Msg='http://example.com/notice' where ZBid='L9'"_s);
+        reopen();
+        QCOMPARE(t.shell.openedUrls, QStringList{u"http://example.com/notice"_s});
+        QCOMPARE(t.dialogs.shown().size(), 3);
+        // An address as the command opens once: the server's date replaces it.
+        t.exec(u"update Zblst set Cmd='Http://example.com/once', Msg='' where ZBid='L9'"_s);
+        reopen();
+        reopen();
+        QCOMPARE(t.shell.openedUrls.size(), 2);
+        QCOMPARE(t.shell.openedUrls.constLast(), u"Http://example.com/once"_s);
+        QCOMPARE(t.rows(u"select Cmd from Zblst where ZBid='L9'"_s), QList<QStringList>{{u"2026-11-15"_s}});
+
+        t.exec(u"update Zblst set Cmd='STOP', Msg='账本已停用' where ZBid='L9'"_s);
+        reopen();
+        QCOMPARE(lastMessage(t), (QStringList{QString(), u"账本已停用\n\n打开账本操作失败！"_s}));
+        QCOMPARE(d.panel(), Kuang::OpenLedgerPanel);
+        QVERIFY(d.w<QPushButton>(u"Cmd"_s)->isEnabled());
+        QVERIFY(!d.w<QPushButton>(u"CmdWait"_s)->isVisible());
+        // A failed opening leaves the automatic opening as it was.
+        d.click(u"Chk"_s);
+        *t.db = Database(unreachableConfig(backend));
+        d.post();
+        QCOMPARE(lastMessage(t), (QStringList{QString(), u"连接服务器失败！"_s}));
+        QCOMPARE(d.panel(), Kuang::OpenLedgerPanel);
+        QCOMPARE(setting(t.settings, u"AutoOpen"_s, u"FR"_s), u"1"_s);
+        *t.db = Database(working);
+        t.exec(u"delete from Zblst where ZBid='L9'"_s);
+        d.post();
+        QCOMPARE(lastMessage(t), (QStringList{u"提示"_s, u"服务器上不存在该账本！"_s}));
+        QCOMPARE(d.panel(), Kuang::OpenLedgerPanel);
+    }
+
+    // Operator login: the exact password, the rights, remembered passwords and automatic login.
+    void passwordsAndRemembering_data() { addBackendRows(); }
+    void passwordsAndRemembering()
+    {
+        QFETCH(QString, backend);
+        TestContext t(backend);
+        prepareLedger(t, u"L1"_s, u"甲账本"_s, u"张三"_s, u"Secret"_s, u"1000"_s);
+        KuangDriver d(t.context());
+        d.post();
+        d.type(u"TxtPwd"_s, u"secret"_s);
+        d.post();
+        QCOMPARE(lastMessage(t), (QStringList{u"提示"_s, u"密码错误，您不能登入！"_s}));
+        QCOMPARE(d.panel(), Kuang::LoginPanel);
+        QCOMPARE(setting(t.settings, u"L1"_s, u"FR"_s), QString());
+
+        // Ticking automatic login ticks remember-password; clearing remember clears automatic login.
+        d.click(u"Chk"_s);
+        QVERIFY(d.w<QCheckBox>(u"Chk2"_s)->isChecked());
+        d.click(u"Chk2"_s);
+        QVERIFY(!d.w<QCheckBox>(u"Chk"_s)->isChecked());
+        d.click(u"Chk2"_s);
+        d.type(u"TxtPwd"_s, u"Secret"_s);
+        d.press(u"TxtPwd"_s, Qt::Key_Return);
+        QCOMPARE(d.panel(), Kuang::EntryPanel);
+        QCOMPARE(t.session.rights(), u"1000111111111111"_s);
+        QCOMPARE(setting(t.settings, u"FR"_s, u"张三#L1"_s), u"Secret"_s);
+        QCOMPARE(setting(t.settings, u"AutoLogin"_s, u"FR"_s), u"0"_s);
+        QCOMPARE(setting(t.settings, u"L1"_s, u"FR"_s), u"张三"_s);
+
+        // Back at the login, picking the operator brings back the remembered password.
+        d.chooseMenu(u"CmdMenu"_s, u"Menu_Login"_s);
+        QVERIFY(d.text(u"TxtPwd"_s).isEmpty());
+        d.pick(u"CmbUser"_s, u"张三"_s);
+        QCOMPARE(d.text(u"TxtPwd"_s), u"Secret"_s);
+        QVERIFY(d.w<QCheckBox>(u"Chk2"_s)->isChecked());
+        d.click(u"Chk"_s);
+        d.post();
+        QCOMPARE(setting(t.settings, u"AutoLogin"_s, u"FR"_s), u"1"_s);
+
+        // Next time the ledger opens by itself and the operator logs in by himself.
+        d.chooseMenu(u"CmdMenu"_s, u"Menu_BackZB"_s);
+        d.click(u"Chk"_s);
+        d.post();
+        QCOMPARE(d.panel(), Kuang::EntryPanel);
+        QCOMPARE(setting(t.settings, u"AutoOpen"_s, u"FR"_s), u"1"_s);
+        d.kuang.reset();
+        KuangDriver next(t.context());
+        QTRY_COMPARE(next.panel(), Kuang::EntryPanel);
+        QCOMPARE(next.text(u"labHello"_s), u"您好！，张三"_s);
+
+        // An operator removed on the server cannot log in.
+        next.chooseMenu(u"CmdMenu"_s, u"Menu_Login"_s);
+        t.exec(u"delete from UsrLst where ZBID='L1'"_s);
+        next.post();
+        QCOMPARE(t.dialogs.lastText(), u"服务器已经删除【张三】这个操作员！"_s);
+        QCOMPARE(next.panel(), Kuang::LoginPanel);
+    }
+
+    // Quick entry: rights, refusals, a server gone, cleaning, the quantity line and the journal.
+    void quickEntry_data() { addBackendRows(); }
+    void quickEntry()
+    {
+        QFETCH(QString, backend);
+        TestContext t(backend);
+        prepareLedger(t, u"L1"_s, u"甲"_s, u"管理员"_s, QString(), u"100110"_s);
+        t.exec(u"insert into Zhang (ZBID,USR,TM,ID,ITEM,SL,BZ) values "
+               u"('L1','管理员','2026-11-01 08:00','N11010000001','垫片',7.5,'')"_s);
+        KuangDriver d(t.context());
+        d.post();
+        d.post();
+        QCOMPARE(d.w<QComboBox>(u"Cmb"_s)->count(), 1);
+        const auto relogin = [&t, &d](const QString& rights) {
+            t.exec(u"update UsrLst set QX='%1' where ZBID='L1'"_s.arg(rights));
+            d.chooseMenu(u"CmdMenu"_s, u"Menu_Login"_s);
+            d.post();
+            QCOMPARE(d.panel(), Kuang::EntryPanel);
+        };
+        d.enter(u"螺丝"_s, u"+5"_s);
+        QCOMPARE(lastMessage(t), (QStringList{u"提示"_s, u"对不起，您没有【记账】的权限！"_s}));
+        QCOMPARE(d.text(u"Txt"_s), u"+5"_s);
+        d.chooseMenu(u"CmdRpt"_s, u"Menu_JxcMx"_s);
+        QCOMPARE(t.dialogs.lastText(), u"对不起，您无此权限！"_s);
+        QCOMPARE(d.w<QAction>(u"Menu_JxcMx"_s)->text(), u"物品流水账"_s);
+        QVERIFY(d.kuang->findChildren<QWidget*>(u"MxLst"_s).isEmpty());
+        relogin(u"1101"_s);
+        d.enter(u"螺丝"_s, u"-5"_s);
+        QCOMPARE(lastMessage(t), (QStringList{QString(), u"对不起，您只能记录存量增加的账目！"_s}));
+        d.enter(u"  "_s, u"+5"_s);
+        QCOMPARE(t.dialogs.lastText(), u"请输入或选择物品！"_s);
+        QCOMPARE(t.rows(u"select ID from Zhang"_s).size(), 1);
+
+        // A server gone while posting keeps what was typed for another try.
+        const DbConfig working = t.db->config();
+        *t.db = Database(unreachableConfig(backend));
+        d.enter(u"螺丝"_s, u"+3 到货"_s);
+        QCOMPARE(lastMessage(t), (QStringList{u"提示"_s, u"连接服务器失败，请重试！"_s}));
+        QCOMPARE(d.text(u"Cmb"_s), u"螺丝"_s);
+        QCOMPARE(d.text(u"Txt"_s), u"+3 到货"_s);
+        QVERIFY(d.w<QPushButton>(u"Cmd"_s)->isEnabled());
+        QVERIFY(!d.w<QLabel>(u"Lab5"_s)->isVisible());
+        *t.db = Database(working);
+        d.post();
+        QCOMPARE(d.text(u"Lab5"_s), u"+3  已保存！"_s);
+
+        // Enter in the item box moves on to the quantity box; typed digits get their sign.
+        relogin(u"1111"_s);
+        auto* items = d.w<QComboBox>(u"Cmb"_s);
+        d.type(u"Cmb"_s, u"it's 螺丝,大│─号"_s);
+        d.press(u"Cmb"_s, Qt::Key_Return);
+        QCOMPARE(QApplication::focusWidget(), d.w<QLineEdit>(u"Txt"_s));
+        QCOMPARE(d.text(u"Lab4"_s), u"新物品"_s);
+        d.type(u"Txt"_s, u".5 备注'甲,乙│丙 - 丁"_s);
+        QCOMPARE(d.text(u"Txt"_s), u"+0.5 备注'甲,乙│丙 - 丁"_s);
+        d.post();
+        QCOMPARE(d.text(u"Lab5"_s), u"+0.5  已保存！"_s);
+        QCOMPARE(items->itemText(items->count() - 1), u"its 螺丝，大|-号"_s);
+        const QString longRemark(300, QChar(0x957F));
+        d.enter(u"𠀀😀"_s, u"-2 "_s + longRemark);
+        d.type(u"Cmb"_s, u"垫片"_s);
+        d.w<QLineEdit>(u"Txt"_s)->setText(u"+1 第一行\n第二行"_s);
+        d.post();
+        QCOMPARE(t.rows(u"select ITEM,BZ from Zhang where ZBID='L1' and ID<>'N11010000001' order by SL"_s),
+                 (QList<QStringList>{{u"𠀀😀"_s, longRemark},
+                                     {u"its 螺丝，大|-号"_s, u"备注甲，乙丙-丁"_s},
+                                     {u"垫片"_s, u"第一行第二行"_s},
+                                     {u"螺丝"_s, u"到货"_s}}));
+
+        // Picking an item asks the server for its total.
+        d.pick(u"Cmb"_s, u"垫片"_s);
+        QCOMPARE(d.text(u"Lab4"_s), u"当前存量：8.5"_s);
+        QVERIFY(!d.w<QLabel>(u"Lab5"_s)->isVisible());
+        d.pick(u"Cmb"_s, u"𠀀😀"_s);
+        QCOMPARE(d.text(u"Lab4"_s), u"当前存量：-2"_s);
+        // Switched off, the line only invites a look.
+        t.settings.write(u"L1"_s, u"管理员"_s, u"AutoShowSL"_s, u"False"_s);
+        relogin(u"1111"_s);
+        d.pick(u"Cmb"_s, u"垫片"_s);
+        QCOMPARE(d.text(u"Lab4"_s), u"点击这里查看存量"_s);
+        d.enter(u"垫片"_s, u"+1"_s);
+        QCOMPARE(d.text(u"Lab4"_s), u"点击这里查看存量"_s);
+
+        // The journal opens once, in a window of its own, however often it is asked for.
+        d.chooseMenu(u"CmdRpt"_s, u"Menu_JxcMx"_s);
+        d.activate();
+        d.chooseMenu(u"CmdRpt"_s, u"Menu_JxcMx"_s);
+        const auto journals = d.kuang->findChildren<QWidget*>(u"MxLst"_s);
+        QCOMPARE(journals.size(), 1);
+        QVERIFY(journals.first()->isVisible() && journals.first()->isWindow());
+    }
+
+    // Two clients on one PostgreSQL ledger see each other's entries once they pick the item again.
+    void twoClientsOneLedger()
+    {
+        TestContext t(u"postgresql"_s);
+        TestContext other(u"postgresql"_s);
+        prepareLedger(t, u"L1"_s, u"甲"_s);
+        rememberLedger(other, u"L1"_s, u"甲"_s);
+        KuangDriver a(t.context());
+        a.post();
+        a.post();
+        KuangDriver b(other.context());
+        b.post();
+        b.post();
+        a.enter(u"螺丝"_s, u"+10"_s);
+        QCOMPARE(a.text(u"Lab4"_s), u"当前存量：10"_s);
+        b.enter(u"螺丝"_s, u"-3"_s);
+        // Its own running total knows only its own post until it asks the server again.
+        QCOMPARE(b.text(u"Lab4"_s), u"当前存量：-3"_s);
+        b.pick(u"Cmb"_s, u"螺丝"_s);
+        QCOMPARE(b.text(u"Lab4"_s), u"当前存量：7"_s);
+        a.pick(u"Cmb"_s, u"螺丝"_s);
+        QCOMPARE(a.text(u"Lab4"_s), u"当前存量：7"_s);
+        a.enter(u"螺丝"_s, u"+1"_s);
+        QCOMPARE(a.text(u"Lab4"_s), u"当前存量：8"_s);
+        QCOMPARE(t.rows(u"select USR from Zhang where ZBID='L1'"_s).size(), 3);
+        QVERIFY(other.dialogs.shown().isEmpty() && t.dialogs.shown().isEmpty());
+    }
+};
+
+QTEST_MAIN(TestKuang)
+#include "tst_kuang.moc"
