@@ -3,6 +3,7 @@
 #include <QTest>
 
 using namespace lanzhou;
+using namespace Qt::StringLiterals;
 
 // The widget-free rules of quick entry: entry IDs, the automatic sign and the posting checks.
 class TestQuickEntryRules : public QObject
@@ -11,33 +12,23 @@ class TestQuickEntryRules : public QObject
 private slots:
     void entryId()
     {
-        QCOMPARE(GenerateEntryId(QStringLiteral("2026-11-15"), 32730.25), QStringLiteral("N11153273025"));
-        QCOMPARE(GenerateEntryId(QStringLiteral("2013-01-02"), 0.0), QStringLiteral("A01020000000"));
+        QCOMPARE(GenerateEntryId(u"2026-11-15"_s, 32730.25), u"N11153273025"_s);
+        QCOMPARE(GenerateEntryId(u"2013-01-02"_s, 0.0), u"A01020000000"_s);
         // Just after midnight the time keeps its 7 digits; hundredths are rounded.
-        QCOMPARE(GenerateEntryId(QStringLiteral("2026-03-05"), 1.234), QStringLiteral("N03050000123"));
-        QCOMPARE(GenerateEntryId(QStringLiteral("2026-12-31"), 86399.99), QStringLiteral("N12318639999"));
+        QCOMPARE(GenerateEntryId(u"2026-03-05"_s, 1.234), u"N03050000123"_s);
+        QCOMPARE(GenerateEntryId(u"2026-12-31"_s, 86399.99), u"N12318639999"_s);
     }
 
     void automaticSign_data()
     {
         QTest::addColumn<QString>("typed");
         QTest::addColumn<QString>("shown");
-        QTest::newRow("digit") << "5"
-                               << "+5";
-        QTest::newRow("blanks before digit") << "  12 箱"
-                                             << "+12 箱";
-        QTest::newRow("point") << ".5"
-                               << "+0.5";
-        QTest::newRow("minus kept") << "-5"
-                                    << "-5";
-        QTest::newRow("plus kept") << "+5"
-                                   << "+5";
-        QTest::newRow("letter kept") << "a5"
-                                     << "a5";
-        QTest::newRow("blank only") << "   "
-                                    << "   ";
-        QTest::newRow("full-width digit kept") << "５"
-                                               << "５";
+        QTest::newRow("digit") << u"5"_s << u"+5"_s;
+        QTest::newRow("blanks before digit") << u"  12 箱"_s << u"+12 箱"_s;
+        QTest::newRow("point") << u".5"_s << u"+0.5"_s;
+        QTest::newRow("minus kept") << u"-5"_s << u"-5"_s;
+        QTest::newRow("blank only") << u"   "_s << u"   "_s;
+        QTest::newRow("full-width digit kept") << u"５"_s << u"５"_s;
     }
     void automaticSign()
     {
@@ -52,20 +43,12 @@ private slots:
         QTest::addColumn<QString>("number");
         QTest::addColumn<double>("quantity");
         QTest::addColumn<QString>("remark");
-        QTest::newRow("plain") << "+10"
-                               << "+10" << 10.0 << "";
-        QTest::newRow("remark") << "-5 计划外"
-                                << "-5" << -5.0 << "计划外";
-        QTest::newRow("grouping") << "+1,000.5 运费"
-                                  << "+1000.5" << 1000.5 << "运费";
-        QTest::newRow("cleaned grouping") << "+1，000.5 运费"
-                                          << "+1000.5" << 1000.5 << "运费";
-        QTest::newRow("no blank") << "+10箱"
-                                  << "+10" << 10.0 << "箱";
-        QTest::newRow("bars and dashes") << "-2 A | B - C"
-                                         << "-2" << -2.0 << "A  B-C";
-        QTest::newRow("second sign ends") << "+5-3"
-                                          << "+5" << 5.0 << "-3";
+        QTest::newRow("plain") << u"+10"_s << u"+10"_s << 10.0 << QString();
+        QTest::newRow("remark") << u"-5 计划外"_s << u"-5"_s << -5.0 << u"计划外"_s;
+        QTest::newRow("grouping") << u"+1,000.5 运费"_s << u"+1000.5"_s << 1000.5 << u"运费"_s;
+        QTest::newRow("cleaned grouping") << u"+1，000.5 运费"_s << u"+1000.5"_s << 1000.5 << u"运费"_s;
+        QTest::newRow("bars and dashes") << u"-2 A | B - C"_s << u"-2"_s << -2.0 << u"A  B-C"_s;
+        QTest::newRow("second sign ends") << u"+5-3"_s << u"+5"_s << 5.0 << u"-3"_s;
     }
     void splitQuantity()
     {
@@ -83,73 +66,43 @@ private slots:
         QTest::addColumn<QString>("quantity");
         QTest::addColumn<QString>("refusal");
         QTest::addColumn<QString>("title");
-        const QString all = QStringLiteral("1111111111111111");
-        const QString tip = QStringLiteral("提示");
-        const QString format =
-            QStringLiteral("请在存量增减栏输入数字，备注信息请放在数字之后，并用空格隔开！");
-        QTest::newRow("ok") << all << "螺丝"
-                            << "-5 计划外"
-                            << ""
-                            << "";
-        QTest::newRow("empty item") << all << ""
-                                    << "+5"
-                                    << "请输入或选择物品！" << tip;
-        QTest::newRow("all items") << all << "全部物品A"
-                                   << "+5"
-                                   << "物品中不能包含“全部物品”这样的词！" << tip;
-        QTest::newRow("lone digit") << all << "螺丝"
-                                    << "5"
-                                    << "请输入存量增减数字！" << tip;
-        QTest::newRow("lone sign") << all << "螺丝"
-                                   << "+"
-                                   << "请输入存量增减数字！" << tip;
-        QTest::newRow("blank after sign") << all << "螺丝"
-                                          << "+ 5" << format << "";
-        QTest::newRow("point after sign") << all << "螺丝"
-                                          << "+.5" << format << "";
-        QTest::newRow("no sign") << all << "螺丝"
-                                 << "15" << format << "";
-        QTest::newRow("increase refused") << "1011"
-                                          << "螺丝"
-                                          << "+5"
-                                          << "对不起，您只能记录存量减少的账目！"
-                                          << "";
-        QTest::newRow("minus zero is an increase") << "1011"
-                                                   << "螺丝"
-                                                   << "-0"
-                                                   << "对不起，您只能记录存量减少的账目！"
-                                                   << "";
-        QTest::newRow("decrease refused") << "1101"
-                                          << "螺丝"
-                                          << "-5"
-                                          << "对不起，您只能记录存量增加的账目！"
-                                          << "";
-        QTest::newRow("decrease allowed") << "1011"
-                                          << "螺丝"
-                                          << "-5"
-                                          << ""
-                                          << "";
+        const QString all = u"1111111111111111"_s;
+        const QString tip = u"提示"_s;
+        const QString format = u"请在存量增减栏输入数字，备注信息请放在数字之后，并用空格隔开！"_s;
+        QTest::newRow("ok") << all << u"螺丝"_s << u"-5 计划外"_s << QString() << QString();
+        QTest::newRow("empty item") << all << QString() << u"+5"_s << u"请输入或选择物品！"_s << tip;
+        QTest::newRow("all items") << all << u"全部物品A"_s << u"+5"_s
+                                   << u"物品中不能包含“全部物品”这样的词！"_s << tip;
+        QTest::newRow("lone sign") << all << u"螺丝"_s << u"+"_s << u"请输入存量增减数字！"_s << tip;
+        QTest::newRow("blank after sign") << all << u"螺丝"_s << u"+ 5"_s << format << QString();
+        QTest::newRow("no sign") << all << u"螺丝"_s << u"15"_s << format << QString();
+        const QString onlyDecrease = u"对不起，您只能记录存量减少的账目！"_s;
+        QTest::newRow("increase refused") << u"1011"_s << u"螺丝"_s << u"+5"_s << onlyDecrease << QString();
+        QTest::newRow("minus zero is an increase")
+            << u"1011"_s << u"螺丝"_s << u"-0"_s << onlyDecrease << QString();
+        QTest::newRow("decrease refused")
+            << u"1101"_s << u"螺丝"_s << u"-5"_s << u"对不起，您只能记录存量增加的账目！"_s << QString();
+        QTest::newRow("decrease allowed") << u"1011"_s << u"螺丝"_s << u"-5"_s << QString() << QString();
     }
     void postingChecks()
     {
         QFETCH(QString, rights);
         QFETCH(QString, item);
         QFETCH(QString, quantity);
-        const PostingCheck check = CheckPosting({rights, item, quantity, QStringLiteral("物品"),
-                                                 QStringLiteral("存量"), QStringLiteral("存量增减")});
+        const PostingCheck check =
+            CheckPosting({rights, item, quantity, u"物品"_s, u"存量"_s, u"存量增减"_s});
         QTEST(check.refusal, "refusal");
         QTEST(check.refusalTitle, "title");
     }
 
     void noPostingRight()
     {
-        QVERIFY(HasNoPostingRight(QStringLiteral("1001111111111111")));
-        QVERIFY(!HasNoPostingRight(QStringLiteral("1011111111111111")));
-        QVERIFY(!HasNoPostingRight(QStringLiteral("1x01111111111111")));
-        QCOMPARE(CheckPosting({QStringLiteral("1111"), QStringLiteral("螺丝 - 大"), QStringLiteral("+1"),
-                               QStringLiteral("物品"), QStringLiteral("存量"), QStringLiteral("存量增减")})
+        QVERIFY(HasNoPostingRight(u"1001111111111111"_s));
+        QVERIFY(!HasNoPostingRight(u"1011111111111111"_s));
+        QVERIFY(!HasNoPostingRight(u"1x01111111111111"_s));
+        QCOMPARE(CheckPosting({u"1111"_s, u"螺丝 - 大"_s, u"+1"_s, u"物品"_s, u"存量"_s, u"存量增减"_s})
                      .posting.item,
-                 QStringLiteral("螺丝-大"));
+                 u"螺丝-大"_s);
     }
 };
 

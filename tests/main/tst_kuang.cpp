@@ -1,0 +1,591 @@
+#include "AppConstants.h"
+#include "Kuang.h"
+#include "LedgerList.h"
+#include "MxLst.h"
+#include "TestContext.h"
+#include "WindowDriver.h"
+#include "ZbTyp.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QSqlDatabase>
+#include <QSqlQuery>
+#include <QTest>
+#include <QTimer>
+
+#include <memory>
+
+using namespace lanzhou;
+using namespace lanzhou::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+// The main window, shown and active, driven through the shared window driver.
+class KuangDriver : public WindowDriver
+{
+public:
+    explicit KuangDriver(AppContext context) : kuang(std::make_unique<Kuang>(context))
+    {
+        setWindow(kuang.get());
+        kuang->show();
+        activate();
+    }
+    Kuang::Panel panel() const { return kuang->panel(); }
+    // The one command button: opens the ledger, logs in or posts, as the panel has it.
+    void post() const { click(u"Cmd"_s); }
+    // Posts one movement as typed into the item and quantity boxes.
+    void enter(const QString& item, const QString& quantity) const
+    {
+        type(u"Cmb"_s, item);
+        type(u"Txt"_s, quantity);
+        post();
+    }
+
+    std::unique_ptr<Kuang> kuang;
+};
+
+QString setting(const Settings& settings, const QString& section, const QString& key)
+{
+    return settings.read(AppConstants::settingsApp(), section, key);
+}
+void writeSetting(Settings& settings, const QString& section, const QString& key, const QString& value)
+{
+    settings.write(AppConstants::settingsApp(), section, key, value);
+}
+
+// The title and the text of the last message shown.
+QStringList lastMessage(const TestContext& t)
+{
+    const auto shown = t.dialogs.shown().value(t.dialogs.shown().size() - 1);
+    return {shown.title, shown.text};
+}
+
+// The ledger as the only, last opened entry of the local list, read against a known server date.
+void rememberLedger(TestContext& t, const QString& id, const QString& name)
+{
+    writeSetting(t.settings, u"FR"_s, u"0Z"_s, id + u'#' + name);
+    writeSetting(t.settings, u"ZBID"_s, u"FR"_s, id);
+    t.session.serverDateText = u"2026-11-15"_s;
+    t.session.serverDateDay = 15;
+}
+
+// A ledger row on the server with one operator, remembered in the local list.
+void prepareLedger(TestContext& t, const QString& id, const QString& name, const QString& op = u"管理员"_s,
+                   const QString& password = QString(), const QString& rights = QString())
+{
+    t.exec(u"insert into Zblst (ZBid,ZbNm,Item,SL,Bz,BgDate,NdDate,MB,SalesMan,Msg) values "
+           u"('%1','%2','物品','存量','自已注册','2026-11-15','','','','您好！')"_s.arg(id, name));
+    t.exec(u"insert into UsrLst (ZBID,Usr,PWD,QX) values ('%1','%2','%3',%4)"_s.arg(
+        id, op, password, rights.isNull() ? u"NULL"_s : u'\'' + rights + u'\''));
+    rememberLedger(t, id, name);
+}
+
+// Adds a ledger through the ledger window, which `steps` fill in once it shows.
+void addLedger(const KuangDriver& d, const std::function<void(const WindowDriver&)>& steps)
+{
+    d.activate();
+    QTimer::singleShot(0, [steps] {
+        auto* dialog = qobject_cast<ZbTyp*>(QApplication::activeModalWidget());
+        QVERIFY(dialog);
+        steps(WindowDriver(dialog));
+    });
+    d.pick(u"CmbZbNm"_s, LedgerList::addEntryText());
+}
+} // namespace
+
+// The main window: the ledger list, opening a ledger, operator login and quick entry.
+class TestKuang : public QObject
+{
+    Q_OBJECT
+private slots:
+    // The local ledger list shrinks entry by entry down to none, then gets a first new ledger.
+    void ledgerList_data() { addBackendRows(); }
+    void ledgerList()
+    {
+        QFETCH(QString, backend);
+        TestContext t(backend);
+        rememberLedger(t, u"A1"_s, u"甲"_s);
+        const QStringList more{u"#坏"_s, u"ab@x.cn#乙"_s, u"C3#丙"_s};
+        for (int i = 0; i < more.size(); ++i)
+            writeSetting(t.settings, u"FR"_s, QString::number(i + 1) + u'Z', more.at(i));
+        writeSetting(t.settings, u"ZBID"_s, u"FR"_s, u"ab@x.cn"_s);
+        t.exec(u"insert into Zblst (ZBid,ZbNm,Item,SL) values ('ab@x.cn','乙','物品','存量')"_s);
+        KuangDriver d(t.context());
+        QCOMPARE(d.text(u"CmbZbNm"_s), u"乙"_s);
+
+        // Adding a ledger already in the list, typed in other letters, selects it.
+        d.pick(u"CmbZbNm"_s, u"甲"_s);
+        addLedger(d, [](const WindowDriver& z) {
+            z.pickIndex(u"CmbLX"_s, 2);
+            z.type(u"TxtZbID"_s, u"AB@X.CN"_s);
+            z.click(u"Cmd_3"_s);
+        });
+        QCOMPARE(d.w<QComboBox>(u"CmbZbNm"_s)->count(), 4);
+        QCOMPARE(d.text(u"CmbZbID"_s), u"ab@x.cn"_s);
+        QVERIFY(t.dialogs.shown().isEmpty());
+
+        // Removing asks first, then selects the ledger before the removed one.
+        const auto stored = [&t](int n) { return setting(t.settings, u"FR"_s, QString::number(n) + u'Z'); };
+        t.dialogs.queueAnswer(DialogAnswer::No);
+        d.click(u"Cmd2"_s);
+        const auto removal = t.dialogs.shown().constLast();
+        QCOMPARE(removal.text, u"真的要删除《乙》这个账本吗？"_s);
+        QCOMPARE(removal.icon, DialogIcon::Question);
+        QCOMPARE(removal.defaultAnswer, DialogAnswer::No);
+        QCOMPARE(stored(1), u"#坏"_s);
+        t.dialogs.queueAnswer(DialogAnswer::Yes);
+        d.click(u"Cmd2"_s);
+        QCOMPARE(d.text(u"CmbZbNm"_s), u"甲"_s);
+        QCOMPARE((QStringList{stored(0), stored(1)}), (QStringList{u"A1#甲"_s, u"C3#丙"_s}));
+        QCOMPARE(setting(t.settings, u"ZBID"_s, u"FR"_s), QString());
+        t.dialogs.queueAnswer(DialogAnswer::Yes);
+        d.click(u"Cmd2"_s);
+        QCOMPARE(d.text(u"CmbZbNm"_s), u"丙"_s);
+        t.dialogs.queueAnswer(DialogAnswer::Yes);
+        d.click(u"Cmd2"_s);
+        d.click(u"Cmd2"_s);
+        QCOMPARE(t.dialogs.lastText(), u"没有账本可删除！"_s);
+        d.post();
+        QCOMPARE(lastMessage(t), (QStringList{u"提示"_s, u"请首先按提示增加账本，然后再【打开账本】！"_s}));
+
+        d.click(u"Chk"_s);
+        saveScreenshot(d.window(), u"open-ledger.png"_s);
+        t.dialogs.queueAnswer(DialogAnswer::Yes);
+        addLedger(d, [](const WindowDriver& z) {
+            z.type(u"TxtZbID"_s, u"13800000001"_s);
+            saveScreenshot(z.window(), u"zbtyp.png"_s);
+            z.click(u"Cmd_3"_s);
+            z.type(u"TxtZbNm"_s, u"五金仓库"_s);
+            z.click(u"Cmd_5"_s);
+            z.click(u"Opt_1"_s);
+            z.click(u"Cmd_0"_s);
+        });
+        const auto openNow = t.dialogs.shown().constLast();
+        QCOMPARE(openNow.text, u"已经把账本【五金仓库】加入账本列表框，\n是否现在就打开该账本？"_s);
+        QCOMPARE(openNow.icon, DialogIcon::Information);
+        QCOMPARE(openNow.defaultAnswer, DialogAnswer::No);
+        QCOMPARE(stored(0), u"13800000001#五金仓库"_s);
+        QCOMPARE(setting(t.settings, u"ZBID"_s, u"FR"_s), u"13800000001"_s);
+        QCOMPARE(setting(t.settings, u"AutoOpen"_s, u"FR"_s), u"1"_s);
+        QCOMPARE(d.text(u"CmbUser"_s), u"管理员"_s);
+        QVERIFY(!d.w<QCheckBox>(u"Chk"_s)->isChecked());
+        saveScreenshot(d.window(), u"login.png"_s);
+        d.post();
+        QCOMPARE(d.text(u"labHello"_s), u"您好！，管理员"_s);
+        QCOMPARE(setting(t.settings, u"AutoLogin"_s, u"FR"_s), u"0"_s);
+
+        // Enter in the quantity box posts the movement as the operator, at the server's date.
+        d.type(u"Cmb"_s, u"螺丝"_s);
+        d.type(u"Txt"_s, u"10"_s);
+        d.press(u"Txt"_s, Qt::Key_Return);
+        QVERIFY(d.w<QLabel>(u"Lab5"_s)->isVisible());
+        QCOMPARE(d.text(u"Lab5"_s), u"+10  已保存！"_s);
+        QCOMPARE(d.text(u"Lab4"_s), u"当前存量：10"_s);
+        QVERIFY(d.text(u"Txt"_s).isEmpty());
+        QCOMPARE(t.rows(u"select USR,TM,ID,ITEM,BZ from Zhang where ZBID='13800000001'"_s),
+                 (QList<QStringList>{
+                     {u"管理员"_s, u"2026-11-15 09:05"_s, u"N11153273025"_s, u"螺丝"_s, QString()}}));
+        d.enter(u"螺丝"_s, u"-5 计划外"_s);
+        d.type(u"Txt"_s, u"-"_s);
+        saveScreenshot(d.window(), u"entry.png"_s);
+    }
+
+    // What the server says when a ledger opens, and automatic login without a password.
+    void openingAnswers_data() { addBackendRows(); }
+    void openingAnswers()
+    {
+        QFETCH(QString, backend);
+        TestContext t(backend);
+        prepareLedger(t, u"L9"_s, u"通知账本"_s);
+        t.exec(u"delete from UsrLst where ZBID='L9'"_s);
+        t.exec(u"update Zblst set Cmd='notice', Msg='今晚维护' where ZBid='L9'"_s);
+        // Without a last ledger nothing opens by itself.
+        writeSetting(t.settings, u"AutoOpen"_s, u"FR"_s, u"1"_s);
+        writeSetting(t.settings, u"ZBID"_s, u"FR"_s, QString());
+        KuangDriver d(t.context());
+        QTest::qWait(20);
+        QCOMPARE(d.panel(), Kuang::OpenLedgerPanel);
+        d.pick(u"CmbZbNm"_s, u"通知账本"_s);
+        d.post();
+        QCOMPARE(t.dialogs.texts(), QStringList{u"今晚维护"_s});
+        // A ledger without operators gets its administrator on first open.
+        QCOMPARE(t.rows(u"select Usr,PWD from UsrLst where ZBID='L9'"_s),
+                 (QList<QStringList>{{u"管理员"_s, QString()}}));
+
+        d.click(u"Chk"_s);
+        const DbConfig working = t.db->config();
+        *t.db = Database(unreachableConfig(backend));
+        d.post();
+        QCOMPARE(lastMessage(t), (QStringList{u"提示"_s, u"连接服务器失败，请重试！"_s}));
+        QCOMPARE(d.panel(), Kuang::LoginPanel);
+        *t.db = Database(working);
+        d.post();
+        QCOMPARE(t.dialogs.lastText(),
+                 u"管理员，您好！您还没有设置密码！\n只有设置密码后才可以设置自动登入！"_s);
+        QCOMPARE(d.panel(), Kuang::EntryPanel);
+        QCOMPARE(setting(t.settings, u"AutoLogin"_s, u"FR"_s), QString());
+
+        const auto reopen = [&d] {
+            d.chooseMenu(u"CmdMenu"_s, u"Menu_BackZB"_s);
+            QCOMPARE(d.text(u"CmbZbID"_s), u"L9"_s);
+            d.post();
+        };
+        t.exec(u"update Zblst set Msg='http://example.com/notice' where ZBid='L9'"_s);
+        reopen();
+        QCOMPARE(t.shell.openedUrls, QStringList{u"http://example.com/notice"_s});
+        QCOMPARE(t.dialogs.shown().size(), 3);
+        // An address as the command opens once: the server's date replaces it.
+        t.exec(u"update Zblst set Cmd='Http://example.com/once', Msg='' where ZBid='L9'"_s);
+        reopen();
+        reopen();
+        QCOMPARE(t.shell.openedUrls,
+                 (QStringList{u"http://example.com/notice"_s, u"Http://example.com/once"_s}));
+        QCOMPARE(t.rows(u"select Cmd from Zblst where ZBid='L9'"_s), QList<QStringList>{{u"2026-11-15"_s}});
+
+        t.exec(u"update Zblst set Cmd='STOP', Msg='账本已停用' where ZBid='L9'"_s);
+        reopen();
+        QCOMPARE(lastMessage(t), (QStringList{QString(), u"账本已停用\n\n打开账本操作失败！"_s}));
+        QCOMPARE(d.panel(), Kuang::OpenLedgerPanel);
+        QVERIFY(d.w<QPushButton>(u"Cmd"_s)->isEnabled());
+        QVERIFY(!d.w<QPushButton>(u"CmdWait"_s)->isVisible());
+        // A failed opening leaves the automatic opening as it was.
+        d.click(u"Chk"_s);
+        *t.db = Database(unreachableConfig(backend));
+        d.post();
+        QCOMPARE(lastMessage(t), (QStringList{QString(), u"连接服务器失败！"_s}));
+        QCOMPARE(setting(t.settings, u"AutoOpen"_s, u"FR"_s), u"1"_s);
+        *t.db = Database(working);
+        t.exec(u"delete from Zblst where ZBid='L9'"_s);
+        d.post();
+        QCOMPARE(lastMessage(t), (QStringList{u"提示"_s, u"服务器上不存在该账本！"_s}));
+    }
+
+    // Operator login: the exact password, the rights, remembered passwords and automatic login.
+    void passwordsAndRemembering_data() { addBackendRows(); }
+    void passwordsAndRemembering()
+    {
+        QFETCH(QString, backend);
+        TestContext t(backend);
+        prepareLedger(t, u"L1"_s, u"甲账本"_s, u"张三"_s, u"Secret"_s, u"1000"_s);
+        KuangDriver d(t.context());
+        d.post();
+        d.type(u"TxtPwd"_s, u"secret"_s);
+        d.post();
+        QCOMPARE(lastMessage(t), (QStringList{u"提示"_s, u"密码错误，您不能登入！"_s}));
+        QCOMPARE(d.panel(), Kuang::LoginPanel);
+        QCOMPARE(setting(t.settings, u"L1"_s, u"FR"_s), QString());
+
+        // Ticking automatic login ticks remember-password; clearing remember clears automatic login.
+        d.click(u"Chk"_s);
+        QVERIFY(d.w<QCheckBox>(u"Chk2"_s)->isChecked());
+        d.click(u"Chk2"_s);
+        QVERIFY(!d.w<QCheckBox>(u"Chk"_s)->isChecked());
+        d.click(u"Chk2"_s);
+        d.type(u"TxtPwd"_s, u"Secret"_s);
+        d.press(u"TxtPwd"_s, Qt::Key_Return);
+        QCOMPARE(t.session.rights(), u"1000111111111111"_s);
+        QCOMPARE(setting(t.settings, u"FR"_s, u"张三#L1"_s), u"Secret"_s);
+        QCOMPARE(setting(t.settings, u"AutoLogin"_s, u"FR"_s), u"0"_s);
+        QCOMPARE(setting(t.settings, u"L1"_s, u"FR"_s), u"张三"_s);
+
+        // Back at the login, picking the operator brings back the remembered password.
+        d.chooseMenu(u"CmdMenu"_s, u"Menu_Login"_s);
+        QVERIFY(d.text(u"TxtPwd"_s).isEmpty());
+        d.pick(u"CmbUser"_s, u"张三"_s);
+        QCOMPARE(d.text(u"TxtPwd"_s), u"Secret"_s);
+        QVERIFY(d.w<QCheckBox>(u"Chk2"_s)->isChecked());
+        d.click(u"Chk"_s);
+        d.post();
+        QCOMPARE(setting(t.settings, u"AutoLogin"_s, u"FR"_s), u"1"_s);
+
+        // Next time the ledger opens by itself and the operator logs in by himself.
+        d.chooseMenu(u"CmdMenu"_s, u"Menu_BackZB"_s);
+        d.click(u"Chk"_s);
+        d.post();
+        QCOMPARE(d.panel(), Kuang::EntryPanel);
+        QCOMPARE(setting(t.settings, u"AutoOpen"_s, u"FR"_s), u"1"_s);
+        d.kuang.reset();
+        KuangDriver next(t.context());
+        QTRY_COMPARE(next.panel(), Kuang::EntryPanel);
+        QCOMPARE(next.text(u"labHello"_s), u"您好！，张三"_s);
+
+        // An operator removed on the server cannot log in.
+        next.chooseMenu(u"CmdMenu"_s, u"Menu_Login"_s);
+        t.exec(u"delete from UsrLst where ZBID='L1'"_s);
+        next.post();
+        QCOMPARE(t.dialogs.lastText(), u"服务器已经删除【张三】这个操作员！"_s);
+        QCOMPARE(next.panel(), Kuang::LoginPanel);
+    }
+
+    // Quick entry: rights, refusals, a server gone, cleaning, the quantity line and the journal.
+    void quickEntry_data() { addBackendRows(); }
+    void quickEntry()
+    {
+        QFETCH(QString, backend);
+        TestContext t(backend);
+        prepareLedger(t, u"L1"_s, u"甲"_s, u"管理员"_s, QString(), u"100110"_s);
+        t.exec(u"insert into Zhang (ZBID,USR,TM,ID,ITEM,SL,BZ) values "
+               u"('L1','管理员','2026-11-01 08:00','N11010000001','垫片',7.5,'')"_s);
+        KuangDriver d(t.context());
+        d.post();
+        d.post();
+        const auto relogin = [&t, &d](const QString& rights) {
+            t.exec(u"update UsrLst set QX='%1' where ZBID='L1'"_s.arg(rights));
+            d.chooseMenu(u"CmdMenu"_s, u"Menu_Login"_s);
+            d.post();
+        };
+        d.enter(u"螺丝"_s, u"+5"_s);
+        QCOMPARE(lastMessage(t), (QStringList{u"提示"_s, u"对不起，您没有【记账】的权限！"_s}));
+        QCOMPARE(d.text(u"Txt"_s), u"+5"_s);
+        d.chooseMenu(u"CmdRpt"_s, u"Menu_JxcMx"_s);
+        QCOMPARE(t.dialogs.lastText(), u"对不起，您无此权限！"_s);
+        QCOMPARE(d.w<QAction>(u"Menu_JxcMx"_s)->text(), u"物品流水账"_s);
+        QVERIFY(d.kuang->findChildren<QWidget*>(u"MxLst"_s).isEmpty());
+        relogin(u"1101"_s);
+        d.enter(u"螺丝"_s, u"-5"_s);
+        QCOMPARE(lastMessage(t), (QStringList{QString(), u"对不起，您只能记录存量增加的账目！"_s}));
+
+        // A server gone while posting keeps what was typed for another try.
+        const DbConfig working = t.db->config();
+        *t.db = Database(unreachableConfig(backend));
+        d.enter(u"螺丝"_s, u"+3 到货"_s);
+        QCOMPARE(lastMessage(t), (QStringList{u"提示"_s, u"连接服务器失败，请重试！"_s}));
+        QCOMPARE(d.text(u"Cmb"_s), u"螺丝"_s);
+        QCOMPARE(d.text(u"Txt"_s), u"+3 到货"_s);
+        QVERIFY(!d.w<QLabel>(u"Lab5"_s)->isVisible());
+        *t.db = Database(working);
+        d.post();
+        QCOMPARE(d.text(u"Lab5"_s), u"+3  已保存！"_s);
+
+        // Enter in the item box moves on to the quantity box; typed digits get their sign.
+        relogin(u"1111"_s);
+        auto* items = d.w<QComboBox>(u"Cmb"_s);
+        d.type(u"Cmb"_s, u"it's 𠀀😀,大│─号"_s);
+        d.press(u"Cmb"_s, Qt::Key_Return);
+        QCOMPARE(QApplication::focusWidget(), d.w<QLineEdit>(u"Txt"_s));
+        QCOMPARE(d.text(u"Lab4"_s), u"新物品"_s);
+        d.type(u"Txt"_s, u".5 备注'甲,乙│丙 - 丁"_s);
+        QCOMPARE(d.text(u"Txt"_s), u"+0.5 备注'甲,乙│丙 - 丁"_s);
+        d.post();
+        QCOMPARE(items->itemText(items->count() - 1), u"its 𠀀😀，大|-号"_s);
+        const QString longRemark(300, QChar(0x957F));
+        d.enter(u"垫片"_s, u"-2 "_s + longRemark);
+        // Refused posts wrote nothing; what was posted is stored cleaned, whole.
+        QCOMPARE(t.rows(u"select ITEM,BZ from Zhang where ZBID='L1' and ID<>'N11010000001' order by SL"_s),
+                 (QList<QStringList>{{u"垫片"_s, longRemark},
+                                     {u"its 𠀀😀，大|-号"_s, u"备注甲，乙丙-丁"_s},
+                                     {u"螺丝"_s, u"到货"_s}}));
+
+        // Picking an item asks the server for its total.
+        d.pick(u"Cmb"_s, u"its 𠀀😀，大|-号"_s);
+        QCOMPARE(d.text(u"Lab4"_s), u"当前存量：0.5"_s);
+        QVERIFY(!d.w<QLabel>(u"Lab5"_s)->isVisible());
+        d.pick(u"Cmb"_s, u"垫片"_s);
+        QCOMPARE(d.text(u"Lab4"_s), u"当前存量：5.5"_s);
+        // Switched off, the line only invites a look.
+        t.settings.write(u"L1"_s, u"管理员"_s, u"AutoShowSL"_s, u"False"_s);
+        relogin(u"1111"_s);
+        d.pick(u"Cmb"_s, u"垫片"_s);
+        QCOMPARE(d.text(u"Lab4"_s), u"点击这里查看存量"_s);
+        d.enter(u"垫片"_s, u"+1"_s);
+        QCOMPARE(d.text(u"Lab4"_s), u"点击这里查看存量"_s);
+
+        // The journal opens once, in a window of its own, however often it is asked for.
+        d.chooseMenu(u"CmdRpt"_s, u"Menu_JxcMx"_s);
+        d.activate();
+        d.chooseMenu(u"CmdRpt"_s, u"Menu_JxcMx"_s);
+        const auto journals = d.kuang->findChildren<QWidget*>(u"MxLst"_s);
+        QCOMPARE(journals.size(), 1);
+        QVERIFY(journals.first()->isVisible() && journals.first()->isWindow());
+    }
+
+    // Two clients on one PostgreSQL ledger see each other's entries once they pick the item again.
+    void twoClientsOneLedger()
+    {
+        TestContext t(u"postgresql"_s);
+        TestContext other(u"postgresql"_s);
+        prepareLedger(t, u"L1"_s, u"甲"_s);
+        rememberLedger(other, u"L1"_s, u"甲"_s);
+        KuangDriver a(t.context());
+        a.post();
+        a.post();
+        KuangDriver b(other.context());
+        b.post();
+        b.post();
+        a.enter(u"螺丝"_s, u"+10"_s);
+        b.enter(u"螺丝"_s, u"-3"_s);
+        // Its own running total knows only its own post until it asks the server again.
+        QCOMPARE(b.text(u"Lab4"_s), u"当前存量：-3"_s);
+        b.pick(u"Cmb"_s, u"螺丝"_s);
+        QCOMPARE(b.text(u"Lab4"_s), u"当前存量：7"_s);
+        a.pick(u"Cmb"_s, u"螺丝"_s);
+        QCOMPARE(a.text(u"Lab4"_s), u"当前存量：7"_s);
+        a.enter(u"螺丝"_s, u"+1"_s);
+        QCOMPARE(a.text(u"Lab4"_s), u"当前存量：8"_s);
+        QCOMPARE(a.w<QComboBox>(u"Cmb"_s)->count(), 1);
+        QVERIFY(other.dialogs.shown().isEmpty() && t.dialogs.shown().isEmpty());
+    }
+
+    // Enter presses the post button on the open-ledger and login panels; in the item box it moves on.
+    void enterOnEveryPanel()
+    {
+        TestContext t;
+        prepareLedger(t, u"L1"_s, u"五金仓库"_s);
+        KuangDriver d(t.context());
+        d.press(u"CmbZbNm"_s, Qt::Key_Return);
+        d.press(u"TxtPwd"_s, Qt::Key_Return);
+        QCOMPARE(d.panel(), Kuang::EntryPanel);
+        d.press(u"Cmb"_s, Qt::Key_Enter);
+        QCOMPARE(QApplication::focusWidget(), d.w<QWidget>(u"Txt"_s));
+    }
+
+    // The item is exactly the typed text; leaving the box matches a whole item in any letter case, and a
+    // new item starts its running total afresh. Destroying the window while the box holds an item's text
+    // and the focus runs none of its handlers.
+    void itemBoxTakesTheTypedText()
+    {
+        TestContext t;
+        prepareLedger(t, u"L1"_s, u"五金仓库"_s);
+        t.exec(u"insert into Zhang (ZBID,USR,TM,ID,ITEM,SL,BZ) values ('L1','x','','E1','screw',40,'')"_s);
+        KuangDriver d(t.context());
+        d.post();
+        d.post();
+        d.type(u"Cmb"_s, u"SCREW"_s);
+        d.press(u"Cmb"_s, Qt::Key_Tab);
+        QCOMPARE(d.text(u"Lab4"_s), u"当前存量：40"_s);
+        d.type(u"Cmb"_s, u"scr"_s);
+        d.press(u"Cmb"_s, Qt::Key_Tab);
+        QCOMPARE(d.text(u"Cmb"_s) + d.text(u"Lab4"_s), u"scr新物品"_s);
+        d.type(u"Txt"_s, u"+3"_s);
+        d.post();
+        QCOMPARE(d.text(u"Lab4"_s), u"当前存量：3"_s);
+        d.type(u"Cmb"_s, u"scr"_s);
+        d.kuang.reset();
+        QCOMPARE(t.rows(u"select ITEM,SL from Zhang order by SL"_s),
+                 (QList<QStringList>{{u"scr"_s, u"3"_s}, {u"screw"_s, u"40"_s}}));
+    }
+
+    // A ledger registered after another one was open opens with its own operator list.
+    void registeredLedgerHasItsOwnOperators()
+    {
+        TestContext t;
+        prepareLedger(t, u"L1"_s, u"五金仓库"_s, u"张三"_s);
+        KuangDriver d(t.context());
+        d.post();
+        d.post();
+        d.chooseMenu(u"CmdMenu"_s, u"Menu_BackZB"_s);
+        t.dialogs.queueAnswer(DialogAnswer::Yes);
+        addLedger(d, [](const WindowDriver& z) {
+            z.type(u"TxtZbID"_s, u"13800000002"_s);
+            z.click(u"Cmd_3"_s);
+            z.click(u"Cmd_5"_s);
+            z.click(u"Opt_1"_s);
+            z.click(u"Cmd_0"_s);
+        });
+        QCOMPARE(d.w<QComboBox>(u"CmbUser"_s)->count(), 1);
+        d.post();
+        QCOMPARE(d.panel(), Kuang::EntryPanel);
+        QCOMPARE(t.session.operatorName, u"管理员"_s);
+    }
+
+    // Another tool renames a table, then takes the embedded file away: a login whose items cannot be read
+    // stays on its panel as it was, remembering nothing; a post fails, and no empty file takes its place.
+    void embeddedFileChangedUnderneath()
+    {
+        TestContext t;
+        prepareLedger(t, u"L1"_s, u"五金仓库"_s, u"张三"_s, u"pw"_s);
+        const QString file = t.db->config().server.plain();
+        const auto otherTool = [&file](const QString& sql) {
+            {
+                QSqlDatabase db = QSqlDatabase::addDatabase(u"QSQLITE"_s, u"other"_s);
+                db.setDatabaseName(file);
+                QVERIFY(db.open() && QSqlQuery(db).exec(sql));
+            }
+            QSqlDatabase::removeDatabase(u"other"_s);
+        };
+        KuangDriver d(t.context());
+        d.post();
+        d.type(u"TxtPwd"_s, u"pw"_s);
+        d.click(u"Chk2"_s);
+        otherTool(u"alter table Zhang rename to Away"_s);
+        d.post();
+        QCOMPARE(lastMessage(t), (QStringList{u"提示"_s, u"连接服务器失败，请重试！"_s}));
+        QCOMPARE(d.panel(), Kuang::LoginPanel);
+        QVERIFY(d.w<QLabel>(u"labHello"_s)->isHidden() && d.w<QCheckBox>(u"Chk2"_s)->isChecked());
+        QCOMPARE(d.text(u"TxtPwd"_s) + setting(t.settings, u"L1"_s, u"FR"_s) +
+                     setting(t.settings, u"FR"_s, u"张三#L1"_s),
+                 u"pw"_s);
+        otherTool(u"alter table Away rename to Zhang"_s);
+        d.post();
+        QCOMPARE(setting(t.settings, u"FR"_s, u"张三#L1"_s), u"pw"_s);
+
+        for (const QString& suffix : {QString(), u"-wal"_s, u"-shm"_s})
+            QFile::remove(file + suffix);
+        d.enter(u"螺丝"_s, u"+1"_s);
+        QCOMPARE(lastMessage(t), (QStringList{u"提示"_s, u"连接服务器失败，请重试！"_s}));
+        QCOMPARE(d.text(u"Txt"_s), u"+1"_s);
+        QVERIFY(!QFile::exists(file));
+    }
+
+    // Texts that reach the ledger from elsewhere stay inside their quotes on every server kind and
+    // setting: an item holding an apostrophe or ending in a backslash shows its true total and balance,
+    // an operator named so logs in, posts and filters the journal, and no other ledger is touched.
+    void storedTextStaysInsideItsQuotes_data() { addBackendRows(everyServerSetting()); }
+    void storedTextStaysInsideItsQuotes()
+    {
+        QFETCH(QString, backend);
+        TestContext t(backend);
+        const QString breakOut = u"x'; delete from Zhang where ''=''--"_s, backslash = u"a\\"_s;
+        const auto quoted = [](QString text) { return text.replace(u'\'', u"''"_s); };
+        prepareLedger(t, u"L1"_s, u"五金仓库"_s, quoted(u"O'Brien\\"_s));
+        t.exec(
+            u"insert into Zhang (ZBID,USR,TM,ID,ITEM,SL,BZ) values ('L1','x','2026-11-01 "
+            u"08:00','E1','%1',7,''),"
+            "('L1','x','2026-11-15 08:00','E2','%1',5,''),('L1','x','2026-11-01 08:00','E3','%2',3,''),"
+            "('L1','x','2026-11-15 08:00','E4','%2',-1,''),('L2','x','2026-11-15 08:00','F1','%1',1000,'')"_s
+                .arg(quoted(breakOut), backslash));
+        KuangDriver d(t.context());
+        d.post();
+        d.post();
+        d.pick(u"Cmb"_s, breakOut);
+        QCOMPARE(d.text(u"Lab4"_s), u"当前存量：12"_s);
+        d.pick(u"Cmb"_s, backslash);
+        QCOMPARE(d.text(u"Lab4"_s), u"当前存量：2"_s);
+        // A function's name typed as a remark is the remark.
+        d.type(u"Txt"_s, u"+1 getdate()"_s);
+        d.post();
+        QCOMPARE(t.rows(u"select USR,ITEM,BZ from Zhang where ZBID='L1' and SL=1"_s).value(0),
+                 (QStringList{u"O'Brien\\"_s, backslash, u"getdate()"_s}));
+
+        MxLst journal(t.context());
+        journal.show();
+        WindowDriver j(&journal);
+        const auto balances = [&j] {
+            QStringList listed; // entry ID and balance of each entry line
+            auto* ids = j.w<QListWidget>(u"Lst2"_s);
+            for (int row = 0; row < ids->count(); ++row)
+                if (!ids->item(row)->text().isEmpty())
+                    listed.append(
+                        ids->item(row)->text() + u'=' +
+                        j.w<QListWidget>(u"Lst"_s)->item(row)->text().section(QChar(0x2502), 5, 5).trimmed());
+            return listed.join(u' ');
+        };
+        j.click(u"Cmd_0"_s);
+        QCOMPARE(balances(), u"E4=2 N11153273025=3 E2=12"_s);
+        j.pick(u"CmbUsr"_s, u"O'Brien\\"_s);
+        j.click(u"Cmd_0"_s);
+        QCOMPARE(balances(), u"N11153273025=getdate()"_s); // listed with its remark, without balances
+        QCOMPARE(
+            t.rows(u"select count(*), sum(SL) from Zhang"_s).value(0).join(u' ').replace(u".0"_s, QString()),
+            u"6 1017"_s);
+    }
+};
+
+QTEST_MAIN(TestKuang)
+#include "tst_kuang.moc"
