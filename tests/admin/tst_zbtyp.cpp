@@ -24,9 +24,7 @@ const QString kNameHelp = u"请输入账本名称，如：\r   “现金银行�
 // A ledger database that can go down, the local ledger list and one ledger window at a time.
 struct Fixture
 {
-    explicit Fixture(const QString& backend = u"sqlite"_s)
-        : t(backend), context(t.context()), up(t.db->config())
-    {}
+    explicit Fixture(const QString& backend = u"sqlite"_s) : t(backend), context(t.context()) {}
     // A new window in the mode, shown; the session's modal result starts empty.
     void open(ZbTyp::Mode mode)
     {
@@ -51,15 +49,6 @@ struct Fixture
     {
         d.type(box, text);
         d.press(box, Qt::Key_Return);
-    }
-    void serverUp(bool on) { *t.db = Database(on ? up : unreachableConfig(u"postgresql"_s)); }
-    // Rows of a read, each with its fields joined by "|".
-    QStringList rows(const QString& sql)
-    {
-        QStringList lines;
-        for (const QStringList& row : t.rows(sql))
-            lines.append(row.join(u'|'));
-        return lines;
     }
     // The local ledger list as "ID#name" lines, the selected one marked with "*".
     QStringList listed() const
@@ -94,7 +83,6 @@ struct Fixture
 
     TestContext t;
     AppContext context;
-    const DbConfig up;
     LedgerList ledgers;
     std::unique_ptr<ZbTyp> window;
     WindowDriver d;
@@ -177,7 +165,7 @@ private slots:
         f.lookUp(u"邮箱"_s, u"ZHANG@example.cn"_s);
         QCOMPARE(f.step(), QStringList{u"accepted OK"_s});
         QCOMPARE(f.listed(), (QStringList{u"*Zhang@Example.CN#店铺"_s, u"13812345678#家庭账"_s}));
-        QCOMPARE(f.rows(u"select count(*) from ZbLst"_s), QStringList{u"3"_s});
+        QCOMPARE(f.t.text(u"select count(*) from ZbLst"_s), u"3"_s);
 
         f.open(ZbTyp::Mode::AddLedger);
         f.lookUp(u"QQ号"_s, u"20002"_s);
@@ -195,48 +183,47 @@ private slots:
         f.enter(u"Txt_1"_s, u" ' "_s);
         QCOMPARE(f.step(), (QStringList{u"frame 2 option 4"_s, u"如果选择自定义账本类型，请输入关键词！"_s}));
         QCOMPARE(f.d.text(u"Txt_0"_s) + u'|' + f.d.text(u"Txt_1"_s), u"桶，装|"_s);
-        QCOMPARE(f.rows(u"select count(*) from ZbLst where ZBID='20002'"_s), QStringList{u"0"_s});
+        QCOMPARE(f.t.text(u"select count(*) from ZbLst where ZBID='20002'"_s), u"0"_s);
         f.enter(u"Txt_1"_s, u"升"_s);
         QCOMPARE(f.step(), QStringList{u"accepted OK"_s});
-        QCOMPARE(f.rows(u"select ZBid,ZbNm,Item,SL,Bz,BgDate,NdDate,MB,SalesMan,Msg,Cmd,GongGao from ZbLst "
-                        "where ZBID='20002'"_s),
-                 QStringList{u"20002|小店，进货账本|桶，装|升|自已注册|"_s + today + u"||||您好！||"_s});
+        QCOMPARE(f.t.text(u"select ZBid,ZbNm,Item,SL,Bz,BgDate,NdDate,MB,SalesMan,Msg,Cmd,GongGao from ZbLst "
+                          "where ZBID='20002'"_s),
+                 u"20002|小店，进货账本|桶，装|升|自已注册|"_s + today + u"||||您好！||"_s);
         // The first operator has no password and no rights string at all, which grants every right.
-        QCOMPARE(f.rows(u"select Usr,PWD from UsrLst where ZBID='20002' and QX is null"_s),
-                 QStringList{u"管理员|"_s});
+        QCOMPARE(f.t.text(u"select Usr,PWD from UsrLst where ZBID='20002' and QX is null"_s), u"管理员|"_s);
         QCOMPARE(f.t.session.itemLabel + u'|' + f.t.session.quantityLabel, u"桶，装|升"_s);
         QCOMPARE(f.listed().constLast(), u"*20002#小店，进货账本"_s);
 
         // With no ledger open: the server down for the lookup, then for the registration.
         f.t.session.ledgerName.clear();
         f.open(ZbTyp::Mode::AddLedger);
-        f.serverUp(false);
+        f.t.setServerDown(true);
         f.lookUp(u"QQ号"_s, u"40004"_s);
         QCOMPARE(f.step(), (QStringList{u"frame 0"_s, u"连接服务器失败，请重试！"_s}));
         QCOMPARE(f.t.session.ledgerId, u"20002"_s);
-        f.serverUp(true);
+        f.t.setServerDown(false);
         f.click({u"Cmd_3"_s, u"Cmd_5"_s, u"Opt_2"_s});
-        f.serverUp(false);
+        f.t.setServerDown(true);
         f.d.click(u"Cmd_0"_s);
         QCOMPARE(f.step(),
                  (QStringList{u"frame 0"_s, u"提示: 注册新账本失败，请检查网络连接是否正常，然后重试！"_s}));
         QCOMPARE(f.t.session.itemLabel, QString());
         QCOMPARE(f.ledgers.size(), 3);
         // Retried with the server back, it goes through with the type still picked.
-        f.serverUp(true);
+        f.t.setServerDown(false);
         f.click({u"Cmd_3"_s, u"Cmd_5"_s});
         QCOMPARE(f.step(), QStringList{u"frame 2 option 2"_s});
         f.d.click(u"Cmd_0"_s);
-        QCOMPARE(f.rows(u"select ZbNm,Item,SL from ZbLst where ZBID='40004'"_s),
-                 QStringList{u"我的云账本|客户|应收款"_s});
+        QCOMPARE(f.t.text(u"select ZbNm,Item,SL from ZbLst where ZBID='40004'"_s),
+                 u"我的云账本|客户|应收款"_s);
 
         // With no option picked the ledger counts 项目 by 数额.
         f.open(ZbTyp::Mode::AddLedger);
         f.lookUp(u"QQ号"_s, u"30003"_s);
         f.click({u"Cmd_5"_s, u"Cmd_0"_s});
         QCOMPARE(f.step(), QStringList{u"accepted OK"_s});
-        QCOMPARE(f.rows(u"select ZbNm,Item,SL from ZbLst where ZBID='30003'"_s),
-                 QStringList{u"新建我的云账本|项目|数额"_s});
+        QCOMPARE(f.t.text(u"select ZbNm,Item,SL from ZbLst where ZBID='30003'"_s),
+                 u"新建我的云账本|项目|数额"_s);
         QCOMPARE(f.listed().constLast(), u"*30003#新建我的云账本"_s);
     }
 
@@ -257,13 +244,13 @@ private slots:
         f.open(ZbTyp::Mode::TypeSettings);
         f.click({u"Opt_3"_s, u"Cmd_1"_s});
         QCOMPARE(f.step(), QStringList{u"rejected"_s});
-        f.serverUp(false);
+        f.t.setServerDown(true);
         f.open(ZbTyp::Mode::TypeSettings);
         f.click({u"Opt_0"_s, u"Cmd_0"_s});
         QCOMPARE(f.step(), (QStringList{u"frame 2 option 0"_s,
                                         u"提示: 账本设置保存失败，请检查网络连接是否正常，然后重试！"_s}));
         QCOMPARE(f.t.session.itemLabel, u"物品"_s);
-        f.serverUp(true);
+        f.t.setServerDown(false);
 
         // Labels of no predefined type pick the custom type with its keywords.
         f.t.openLedger(u"L-tools"_s, u"工具"_s, u"工具"_s, u"件数"_s);
@@ -287,8 +274,8 @@ private slots:
         f.d.click(u"Cmd_2"_s);
         QCOMPARE(f.step(), QStringList{u"rejected"_s});
         QCOMPARE(f.t.session.ledgerName, u"五金2，店"_s);
-        QCOMPARE(f.rows(u"select ZbNm,Item,SL from ZbLst order by ZBID"_s),
-                 (QStringList{u"零用金|物品|存量"_s, u"工具|工具|把"_s}));
+        QCOMPARE(f.t.text(u"select ZbNm,Item,SL from ZbLst order by ZBID"_s),
+                 u"零用金|物品|存量;工具|工具|把"_s);
     }
 
     // The frames lay out their texts unclipped, and the keyword boxes sit over the caption's blanks.

@@ -119,26 +119,17 @@ struct JournalWindow
                 return open;
         return nullptr;
     }
-    // The rows of a read: fields joined by "|", rows by ";".
-    QString rows(const QString& sql)
-    {
-        QStringList texts;
-        for (const QStringList& row : t.rows(sql))
-            texts.append(row.join(u'|'));
-        return texts.join(u';');
-    }
     // ZBID|USR|TM|ITEM|SL|BZ of the rows with the ID.
     QString entry(const QString& id)
     {
-        return rows(u"select ZBID,USR,TM,ITEM,SL,BZ from Zhang where ID='"_s + id + u'\'');
+        return t.text(u"select ZBID,USR,TM,ITEM,SL,BZ from Zhang where ID='"_s + id + u'\'');
     }
     // Runs the steps against a server that is down.
     template <class Steps> void serverDown(Steps steps)
     {
-        Database dead(unreachableConfig(u"postgresql"_s));
-        std::swap(*t.db, dead);
+        t.setServerDown(true);
         steps();
-        std::swap(*t.db, dead);
+        t.setServerDown(false);
     }
 
     TestContext t;
@@ -338,7 +329,7 @@ private slots:
         d.click(u"Cmd_3"_s);
         QCOMPARE(t.dialogs.texts(), QStringList(5, refused));
         WindowDriver(j.editor()).click(u"Cmd_2"_s);
-        QCOMPARE(j.rows(u"select count(*) from Zhang where ZBID='L1'"_s), u"10"_s);
+        QCOMPARE(j.t.text(u"select count(*) from Zhang where ZBID='L1'"_s), u"10"_s);
         // The single delete: No keeps the entry, a server that is down keeps the listing.
         t.session.setRights(QString());
         t.dialogs.clear();
@@ -384,7 +375,7 @@ private slots:
         j.serverDown([&] { e.click(u"Cmd_0"_s); });
         QCOMPARE(texts(e, u"TxtSL TxtBZ"_s), u"-3.5 返工 - 退回"_s);
         QVERIFY(e.w<QWidget>(u"Cmd_0"_s)->isEnabled());
-        QCOMPARE(j.rows(u"select count(*) from Zhang"_s) + j.entry(u"A02"_s).left(3), u"12L1|"_s);
+        QCOMPARE(j.t.text(u"select count(*) from Zhang"_s) + j.entry(u"A02"_s).left(3), u"12L1|"_s);
         e.press(u"TxtBZ"_s, Qt::Key_Return); // the retry: Enter in the remark box saves and closes
         QCOMPARE(t.dialogs.texts(), (QStringList{u"连接服务器失败！"_s, failed}));
         QCOMPARE(t.dialogs.shown().at(1).title, u"提示"_s);
@@ -461,7 +452,7 @@ private slots:
         QCOMPARE(e.text(u"TxtSL"_s), u"+0.5"_s);
         e.press(u"TxtSL"_s, Qt::Key_Return);
         QVERIFY(e.w<QWidget>(u"TxtBZ"_s)->hasFocus());
-        QCOMPARE(j.rows(u"select count(*) from Zhang"_s), u"13"_s);
+        QCOMPARE(j.t.text(u"select count(*) from Zhang"_s), u"13"_s);
         e.type(u"TxtBZ"_s, u"补 -录"_s);
         e.press(u"TxtBZ"_s, Qt::Key_Return);
         QCOMPARE(t.dialogs.texts(), QStringList());
@@ -476,7 +467,7 @@ private slots:
         e.type(u"TxtSL"_s, u"5"_s);
         e.click(u"Cmd_0"_s);
         QVERIFY(!j.editor());
-        QCOMPARE(j.rows(u"select SL from Zhang where ID='780086400' order by SL"_s), u"0.5;5"_s);
+        QCOMPARE(j.t.text(u"select SL from Zhang where ID='780086400' order by SL"_s), u"0.5;5"_s);
         QVERIFY(!j.ids().contains(u"7827507900"_s));
     }
 

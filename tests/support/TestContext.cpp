@@ -133,7 +133,8 @@ TestContext::TestContext(const QString& backend)
     : backendName(backend), dialogs(failOnUnexpected), clock(QDate(2026, 11, 15), QTime(9, 5, 30, 250)),
       settings(dir.path() + QStringLiteral("/settings"))
 {
-    db = std::make_unique<Database>(configFor(backend, dir.path()));
+    m_working = configFor(backend, dir.path());
+    db = std::make_unique<Database>(m_working);
     if (!db->prepareEmbeddedFile())
         qFatal("cannot make the embedded ledger file");
 }
@@ -157,6 +158,19 @@ QList<QStringList> TestContext::rows(const QString& sql)
         out.append(row);
     }
     return out;
+}
+
+QString TestContext::text(const QString& sql)
+{
+    QStringList lines;
+    for (const QStringList& row : rows(sql))
+        lines.append(row.join(u'|'));
+    return lines.join(u';');
+}
+
+void TestContext::setServerDown(bool down)
+{
+    *db = Database(down ? unreachableConfig(backendName) : m_working);
 }
 
 void TestContext::openLedger(const QString& id, const QString& name, const QString& item,

@@ -38,6 +38,10 @@ public:
     QString exec(const QString& sql);
     // All rows of a fixture read, data rows only, each row's fields in order.
     QList<QStringList> rows(const QString& sql);
+    // The same as one text: fields joined by "|", rows by ";".
+    QString text(const QString& sql);
+    // Points the runners at a server that is down, or back at the ledger database.
+    void setServerDown(bool down);
     // Adds a ledger row and opens it in the session with all rights, as after a login.
     void openLedger(const QString& id, const QString& name, const QString& item = QStringLiteral("物品"),
                     const QString& quantity = QStringLiteral("存量"),
@@ -51,6 +55,9 @@ public:
     RecordingShell shell;
     FixedClock clock;
     Settings settings;
+
+private:
+    DbConfig m_working;
 };
 
 // The address of a database that is down: nothing listens on the port.
