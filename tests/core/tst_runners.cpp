@@ -18,7 +18,7 @@ class TestRunners : public QObject
 {
     Q_OBJECT
 private slots:
-    void contract_data() { addBackendRows(true); }
+    void contract_data() { addBackendRows(backends(true)); }
     void contract()
     {
         QFETCH(QString, backend);

@@ -117,11 +117,6 @@ QStringList everyServerSetting()
     return backends(true) << QStringLiteral("pg-backslash");
 }
 
-void addBackendRows(bool withOdbc)
-{
-    addBackendRows(backends(withOdbc));
-}
-
 void addBackendRows(const QStringList& names)
 {
     QTest::addColumn<QString>("backend");

@@ -23,8 +23,7 @@ QStringList backends(bool withOdbc = false);
 // ("pg-backslash"), where a backslash in a quoted value escapes the next character.
 QStringList everyServerSetting();
 // Adds one data row per backend, with a QString column "backend".
-void addBackendRows(bool withOdbc = false);
-void addBackendRows(const QStringList& names);
+void addBackendRows(const QStringList& names = backends());
 
 // Everything a window needs, on a fresh ledger database, with scripted dialogs, a recording shell,
 // a fixed clock (2026-11-15 09:05:30.25) and settings in a temporary folder.

@@ -5,7 +5,6 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
@@ -23,15 +22,10 @@ void WindowDriver::missing(const QString& what) const
 QString WindowDriver::text(const QString& name) const
 {
     QWidget* control = w<QWidget>(name);
-    if (auto* label = qobject_cast<QLabel*>(control))
-        return label->text();
-    if (auto* button = qobject_cast<QAbstractButton*>(control))
-        return button->text();
-    if (auto* edit = qobject_cast<QLineEdit*>(control))
-        return edit->text();
-    if (auto* combo = qobject_cast<QComboBox*>(control))
-        return combo->currentText();
-    missing(name + QStringLiteral(" (with a text)"));
+    const QVariant text = control->property(qobject_cast<QComboBox*>(control) ? "currentText" : "text");
+    if (!text.isValid())
+        missing(name + QStringLiteral(" (with a text)"));
+    return text.toString();
 }
 
 void WindowDriver::activate() const
