@@ -120,7 +120,8 @@ private slots:
     }
 
     // A 9-point em is 180 twips: full-width characters take one, half-width ones half. Number cells
-    // are never clipped; rule segments reach at least their width.
+    // are never clipped; rule segments reach at least their width. (That the journal's cells and rules
+    // line up is checked on its real lines.)
     void columns()
     {
         const TextGrid grid(TextGrid::listFont());
@@ -133,20 +134,6 @@ private slots:
         QCOMPARE(grid.ruleSegment(TextGrid::Top, 800), u"─────┬"_s);
         QCOMPARE(grid.ruleSegment(TextGrid::Middle, 1000), u"──────┼"_s);
         QCOMPARE(grid.ruleSegment(TextGrid::Bottom, 180), u"─┴"_s);
-
-        // The journal's and the reports' columns: text, CJK text and numbers close their cells where
-        // the rule segments of the same column put their junctions.
-        const QList<std::pair<int, int>> columns{{890, 800}, {1590, 1500}, {3000, 3000}, {1000, 1000}};
-        for (const auto& [cellWidth, ruleWidth] : columns) {
-            const double rule = grid.widthTwips(grid.ruleSegment(TextGrid::Middle, ruleWidth));
-            for (const QString& text : {QString(), u"管理员"_s, u"abc"_s,
-                                        u"C型不锈钢加长垫圈（国标GB97.1规格M12）x"_s, u"2026-11-15 08:00"_s})
-                QCOMPARE(grid.widthTwips(grid.textCell(text, cellWidth)), rule);
-            if (cellWidth == 1000) {
-                QCOMPARE(grid.widthTwips(grid.numberCell(-0.125)), rule);
-                QCOMPARE(grid.widthTwips(grid.numberCell(99999)), rule);
-            }
-        }
     }
 
     void cleanInput_data()

@@ -119,17 +119,6 @@ private slots:
         KuangDriver d(t.context());
         QCOMPARE(d.text(u"CmbZbNm"_s), u"乙"_s);
 
-        // Adding a ledger already in the list, typed in other letters, selects it.
-        d.pick(u"CmbZbNm"_s, u"甲"_s);
-        addLedger(d, [](const WindowDriver& z) {
-            z.pickIndex(u"CmbLX"_s, 2);
-            z.type(u"TxtZbID"_s, u"AB@X.CN"_s);
-            z.click(u"Cmd_3"_s);
-        });
-        QCOMPARE(d.w<QComboBox>(u"CmbZbNm"_s)->count(), 4);
-        QCOMPARE(d.text(u"CmbZbID"_s), u"ab@x.cn"_s);
-        QVERIFY(t.dialogs.shown().isEmpty());
-
         // Removing asks first, then selects the ledger before the removed one.
         const auto stored = [&t](int n) { return setting(t.settings, u"FR"_s, QString::number(n) + u'Z'); };
         t.dialogs.queueAnswer(DialogAnswer::No);
@@ -191,6 +180,7 @@ private slots:
         QCOMPARE(t.text(u"select USR,TM,ID,ITEM,BZ from Zhang where ZBID='13800000001'"_s),
                  u"管理员|2026-11-15 09:05|N11153273025|螺丝|"_s);
         d.enter(u"螺丝"_s, u"-5 计划外"_s);
+        QCOMPARE(d.text(u"Lab4"_s), u"当前存量：5"_s); // added to the shown total, the server not asked
         d.type(u"Txt"_s, u"-"_s);
         saveScreenshot(d.window(), u"entry.png"_s);
     }
@@ -204,12 +194,7 @@ private slots:
         prepareLedger(t, u"L9"_s, u"通知账本"_s);
         t.exec(u"delete from UsrLst where ZBID='L9'"_s);
         t.exec(u"update Zblst set Cmd='notice', Msg='今晚维护' where ZBid='L9'"_s);
-        // Without a last ledger nothing opens by itself.
-        writeSetting(t.settings, u"AutoOpen"_s, u"FR"_s, u"1"_s);
-        writeSetting(t.settings, u"ZBID"_s, u"FR"_s, QString());
         KuangDriver d(t.context());
-        QTest::qWait(20);
-        QCOMPARE(d.panel(), Kuang::OpenLedgerPanel);
         d.pick(u"CmbZbNm"_s, u"通知账本"_s);
         d.post();
         QCOMPARE(t.dialogs.texts(), QStringList{u"今晚维护"_s});
@@ -256,7 +241,7 @@ private slots:
         t.setServerDown(true);
         d.post();
         QCOMPARE(lastMessage(t), (QStringList{QString(), u"连接服务器失败！"_s}));
-        QCOMPARE(setting(t.settings, u"AutoOpen"_s, u"FR"_s), u"1"_s);
+        QCOMPARE(setting(t.settings, u"AutoOpen"_s, u"FR"_s), u"0"_s);
         t.setServerDown(false);
         t.exec(u"delete from Zblst where ZBid='L9'"_s);
         d.post();
@@ -413,33 +398,6 @@ private slots:
         const auto journals = d.kuang->findChildren<QWidget*>(u"MxLst"_s);
         QCOMPARE(journals.size(), 1);
         QVERIFY(journals.first()->isVisible() && journals.first()->isWindow());
-    }
-
-    // Two clients on one PostgreSQL ledger see each other's entries once they pick the item again.
-    void twoClientsOneLedger()
-    {
-        TestContext t(u"postgresql"_s);
-        TestContext other(u"postgresql"_s);
-        prepareLedger(t, u"L1"_s, u"甲"_s);
-        rememberLedger(other, u"L1"_s, u"甲"_s);
-        KuangDriver a(t.context());
-        a.post();
-        a.post();
-        KuangDriver b(other.context());
-        b.post();
-        b.post();
-        a.enter(u"螺丝"_s, u"+10"_s);
-        b.enter(u"螺丝"_s, u"-3"_s);
-        // Its own running total knows only its own post until it asks the server again.
-        QCOMPARE(b.text(u"Lab4"_s), u"当前存量：-3"_s);
-        b.pick(u"Cmb"_s, u"螺丝"_s);
-        QCOMPARE(b.text(u"Lab4"_s), u"当前存量：7"_s);
-        a.pick(u"Cmb"_s, u"螺丝"_s);
-        QCOMPARE(a.text(u"Lab4"_s), u"当前存量：7"_s);
-        a.enter(u"螺丝"_s, u"+1"_s);
-        QCOMPARE(a.text(u"Lab4"_s), u"当前存量：8"_s);
-        QCOMPARE(a.w<QComboBox>(u"Cmb"_s)->count(), 1);
-        QVERIFY(other.dialogs.shown().isEmpty() && t.dialogs.shown().isEmpty());
     }
 
     // The item is exactly the typed text; leaving the box matches a whole item in any letter case, and a

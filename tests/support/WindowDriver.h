@@ -4,9 +4,6 @@
 #include <QString>
 #include <QWidget>
 
-class QComboBox;
-class QListWidget;
-
 namespace lanzhou::test {
 
 // Drives any window of the program through its named controls, as a person would: keys, clicks,
