@@ -284,9 +284,11 @@ bool ZbTyp::updateSettings(const QString& itemLabel, const QString& quantityLabe
 {
     const QString id = m_ui->TxtZbID->text();
     const QString name = m_ui->TxtZbNm->text();
+    // The ledger's ID and name come from the local list, not from typing: quoted through SqlLiteral.
     const QString updated = m_context.db.RunQuery(
-        QStringLiteral("Update Zblst Set ZbNm='") + name + QStringLiteral("', Item='") + itemLabel +
-        QStringLiteral("',SL='") + quantityLabel + QStringLiteral("' Where Zbid='") + id + u'\'');
+        QStringLiteral("Update Zblst Set ZbNm='") + SqlLiteral(name) + QStringLiteral("', Item='") +
+        SqlLiteral(itemLabel) + QStringLiteral("',SL='") + SqlLiteral(quantityLabel) +
+        QStringLiteral("' Where Zbid='") + SqlLiteral(id) + u'\'');
     if (updated != QLatin1String("OK")) {
         // The session keeps the labels the server still has.
         m_context.dialogs.inform(QStringLiteral("账本设置保存失败，请检查网络连接是否正常，然后重试！"),
