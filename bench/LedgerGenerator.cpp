@@ -16,8 +16,7 @@ void generateLedger(test::TestContext& t, const LedgerShape& shape)
     t.openLedger(shape.ledgerId, QStringLiteral("基准账本"));
     const auto dialect = ServerDialect::create(t.db->config());
     const DbConfig& c = t.db->config();
-    PlainConnection params{c.server.plain(),   c.user.plain(), c.password.plain(),
-                           c.database.plain(), c.port,         c.odbcDriver};
+    const PlainConnection params = Unscramble(c);
     {
         QSqlDatabase db = QSqlDatabase::addDatabase(dialect->qtDriver(), QStringLiteral("bench-generator"));
         dialect->configure(db, params);

@@ -54,7 +54,24 @@ bool runScript(QSqlDatabase& db, const QString& resource)
 } // namespace
 
 Database::Database(DbConfig config) : m_config(std::move(config)), m_dialect(ServerDialect::create(m_config))
-{}
+{
+    // The plain parameters exist only while a link is opened.
+    const ServerDialect* dialect = m_dialect.get();
+    m_pool = std::make_unique<LinkPool>(
+        dialect->qtDriver(),
+        [dialect, config = m_config](QSqlDatabase& db) {
+            dialect->configure(db, Unscramble(config));
+            if (!db.open())
+                return false;
+            dialect->linkOpened(db);
+            return true;
+        },
+        [dialect](QSqlDatabase& db) { return dialect->linkAlive(db); }, dialect->idleLimitMs());
+}
+
+Database::~Database() = default;
+Database::Database(Database&&) noexcept = default;
+Database& Database::operator=(Database&&) noexcept = default;
 
 Database::StatementKind Database::classify(const QString& statement)
 {
@@ -105,67 +122,91 @@ bool Database::prepareEmbeddedFile() const
     return ok;
 }
 
+bool Database::execute(QSqlDatabase& db, const QString& statement, StatementKind kind, bool fillGrid,
+                       QString& result)
+{
+    QSqlQuery query(db);
+    query.setForwardOnly(true);
+    query.setNumericalPrecisionPolicy(QSql::HighPrecision);
+    const QString sql = m_dialect->rewrite(statement);
+    if (!query.exec(sql)) {
+        if (fillGrid && kind == StatementKind::Select)
+            m_grid.clear();
+        return false;
+    }
+    if (kind == StatementKind::Write) {
+        result = QStringLiteral("OK");
+        return true;
+    }
+    if (!query.isSelect()) {
+        if (fillGrid)
+            m_grid.clear();
+        return false;
+    }
+    if (!fillGrid) {
+        const QString first = query.next() ? fieldText(query.value(0)) : QString();
+        if (query.lastError().isValid())
+            return false;
+        result = first;
+        return true;
+    }
+    const QSqlRecord record = query.record();
+    QStringList names;
+    for (int j = 0; j < record.count(); ++j)
+        names.append(record.fieldName(j));
+    m_grid.reset(names);
+    int rows = 0;
+    while (query.next()) {
+        QStringList row;
+        row.reserve(record.count());
+        for (int j = 0; j < record.count(); ++j)
+            row.append(fieldText(query.value(j)));
+        m_grid.appendRow(std::move(row));
+        ++rows;
+    }
+    // A link dropped mid-read is a failure, not a short result.
+    if (query.lastError().isValid()) {
+        m_grid.clear();
+        return false;
+    }
+    result = QString::number(rows);
+    return true;
+}
+
 QString Database::run(const QString& statement, bool fillGrid)
 {
-    // The plain parameters live only in this call.
-    PlainConnection params{m_config.server.plain(),   m_config.user.plain(), m_config.password.plain(),
-                           m_config.database.plain(), m_config.port,         m_config.odbcDriver};
     const WaitCursor hourglass;
     const StatementKind kind = classify(statement);
     if (kind == StatementKind::Unknown)
         return QString();
     // Opening a missing file would make a new, empty one.
-    if (m_config.kind == ServerKind::Sqlite && !QFileInfo::exists(params.server))
+    if (m_config.kind == ServerKind::Sqlite && !QFileInfo::exists(m_config.server.plain()))
         return QString();
 
-    const QString connectionName = QStringLiteral("lanzhou-%1").arg(++m_connectionCounter);
-    QString result;
-    {
-        QSqlDatabase db = QSqlDatabase::addDatabase(m_dialect->qtDriver(), connectionName);
-        m_dialect->configure(db, params);
-        if (db.open()) {
-            QSqlQuery query(db);
-            query.setForwardOnly(true);
-            query.setNumericalPrecisionPolicy(QSql::HighPrecision);
-            const QString sql = m_dialect->rewrite(statement);
-            if (kind == StatementKind::Write) {
-                if (query.exec(sql))
-                    result = QStringLiteral("OK");
-            } else if (query.exec(sql) && query.isSelect()) {
-                if (fillGrid) {
-                    const QSqlRecord record = query.record();
-                    QStringList names;
-                    for (int j = 0; j < record.count(); ++j)
-                        names.append(record.fieldName(j));
-                    m_grid.reset(names);
-                    int rows = 0;
-                    while (query.next()) {
-                        QStringList row;
-                        row.reserve(record.count());
-                        for (int j = 0; j < record.count(); ++j)
-                            row.append(fieldText(query.value(j)));
-                        m_grid.appendRow(std::move(row));
-                        ++rows;
-                    }
-                    // A connection dropped mid-read is a failure, not a short result.
-                    if (query.lastError().isValid())
-                        m_grid.clear();
-                    else
-                        result = QString::number(rows);
-                } else {
-                    result = query.next() ? fieldText(query.value(0)) : QString();
-                    if (query.lastError().isValid())
-                        result.clear();
-                }
-            } else if (fillGrid) {
-                m_grid.clear();
-            }
-            query.finish();
-            db.close();
+    // A read that fails on a link kept from an earlier statement runs once more on a new link: the
+    // server may have ended the kept session in a way no check sees beforehand. A write is never sent
+    // twice, since its outcome is unknown.
+    for (int attempt = 0; attempt < 2; ++attempt) {
+        bool reused = false;
+        const QString link = m_pool->take(&reused);
+        if (link.isEmpty())
+            return QString();
+        QString result;
+        bool done = false;
+        {
+            QSqlDatabase db = QSqlDatabase::database(link, false);
+            done = execute(db, statement, kind, fillGrid, result);
         }
+        m_pool->giveBack(link, done);
+        if (done || !reused || kind != StatementKind::Select)
+            return result;
     }
-    QSqlDatabase::removeDatabase(connectionName);
-    return result;
+    return QString();
+}
+
+int Database::openLinks() const
+{
+    return m_pool->openLinks();
 }
 
 } // namespace lanzhou

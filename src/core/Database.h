@@ -1,6 +1,7 @@
 #pragma once
 
 #include "DbConfig.h"
+#include "LinkPool.h"
 #include "ResultGrid.h"
 #include "ServerDialect.h"
 
@@ -8,15 +9,21 @@
 
 #include <memory>
 
+class QSqlDatabase;
+
 namespace lanzhou {
 
-// The two query runners. Each call opens a fresh connection, runs one statement, closes it and
-// answers "OK" for a write, the row count (RunQuery) or first value (RunScalar) for a read, and the
-// empty text on any failure. They never show a message: the caller decides what to say.
+// The two query runners. Each call takes a link to the database, runs one statement, gives the link
+// back and answers "OK" for a write, the row count (RunQuery) or first value (RunScalar) for a read,
+// and the empty text on any failure. They never show a message: the caller decides what to say.
+// Beneath them a small pool keeps the physical links, so that a statement costs no login.
 class Database
 {
 public:
     explicit Database(DbConfig config);
+    ~Database();
+    Database(Database&&) noexcept;
+    Database& operator=(Database&&) noexcept;
 
     // The embedded file is made with its schema at start-up when it is missing; later a missing file
     // is a failure, never a new empty database. False when the file cannot be made.
@@ -27,6 +34,8 @@ public:
 
     const ResultGrid& grid() const { return m_grid; }
     const DbConfig& config() const { return m_config; }
+    // Physical links open now, in use or idle.
+    int openLinks() const;
 
     enum class StatementKind
     {
@@ -39,11 +48,14 @@ public:
 
 private:
     QString run(const QString& statement, bool fillGrid);
+    // Runs the statement on an open link; false when it failed (the answer is then the empty text).
+    bool execute(QSqlDatabase& db, const QString& statement, StatementKind kind, bool fillGrid,
+                 QString& result);
 
     DbConfig m_config;
     std::unique_ptr<ServerDialect> m_dialect;
+    std::unique_ptr<LinkPool> m_pool;
     ResultGrid m_grid;
-    quint64 m_connectionCounter = 0;
 };
 
 } // namespace lanzhou

@@ -68,8 +68,11 @@ bool DbConfig::fromAddress(const QString& address, DbConfig* config, QString* er
     if (db.startsWith(QLatin1Char('/')))
         db.remove(0, 1);
     c.database = Scrambled::fromPlain(db);
-    const QString driver = QUrlQuery(url).queryItemValue(QStringLiteral("driver"), QUrl::FullyDecoded);
+    const QUrlQuery query(url);
+    const QString driver = query.queryItemValue(QStringLiteral("driver"), QUrl::FullyDecoded);
     c.odbcDriver = driver.isEmpty() ? defaultOdbcDriver(c.kind) : driver;
+    if (query.hasQueryItem(QStringLiteral("sslmode")))
+        c.sslMode = query.queryItemValue(QStringLiteral("sslmode"), QUrl::FullyDecoded);
     *config = c;
     return true;
 }

@@ -24,6 +24,9 @@ struct DbConfig
     ServerKind kind = ServerKind::Sqlite;
     bool viaOdbc = false;
     QString odbcDriver;
+    // PostgreSQL: "disable" unless the address asks for SSL with ?sslmode=, so that no SSL request
+    // costs a round trip at login.
+    QString sslMode = QStringLiteral("disable");
     int port = 0;
     // The four connection parameters; for SQLite the server is the database file.
     Scrambled server;

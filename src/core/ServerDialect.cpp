@@ -1,7 +1,21 @@
 #include "ServerDialect.h"
 
+#include <QFile>
+#include <QFileInfo>
 #include <QRegularExpression>
 #include <QSqlDatabase>
+#include <QSqlDriver>
+
+#include <QHash>
+
+#include <libpq-fe.h>
+
+#include <optional>
+
+#ifdef Q_OS_UNIX
+#include <poll.h>
+#include <sys/stat.h>
+#endif
 
 namespace lanzhou {
 
@@ -25,7 +39,41 @@ QString pinnedPostgresOptions()
 class SqliteDialect final : public ServerDialect
 {
 public:
-    QString qtDriver() const override { return QStringLiteral("QSQLITE"); }
+    // One connection stays open, so the write-ahead log files are not made and removed per statement.
+    int idleLimitMs() const override { return -1; }
+    // The kept connection still holds the file it opened; a file moved away or replaced since is
+    // another file, and the link must not write there.
+    void linkOpened(QSqlDatabase& db) const override
+    {
+        m_files.insert(db.connectionName(), fileIdentity(db.databaseName()));
+    }
+    bool linkAlive(QSqlDatabase& db) const override
+    {
+        const auto identity = fileIdentity(db.databaseName());
+        return identity && identity == m_files.value(db.connectionName());
+    }
+
+private:
+    // Device and inode of the file where the system has them; on Windows an open file cannot be
+    // moved or replaced, so being there is enough.
+    static std::optional<std::pair<quint64, quint64>> fileIdentity(const QString& path)
+    {
+#ifdef Q_OS_UNIX
+        struct stat info;
+        if (::stat(QFile::encodeName(path).constData(), &info) != 0)
+            return std::nullopt;
+        return std::pair<quint64, quint64>(info.st_dev, info.st_ino);
+#else
+        if (!QFileInfo::exists(path))
+            return std::nullopt;
+        return std::pair<quint64, quint64>(0, 0);
+#endif
+    }
+    mutable QHash<QString, std::optional<std::pair<quint64, quint64>>> m_files;
+    QString qtDriver() const override
+    {
+        return QStringLiteral("QSQLITE");
+    }
     void configure(QSqlDatabase& db, const PlainConnection& params) const override
     {
         db.setDatabaseName(params.server);
@@ -50,12 +98,31 @@ public:
         db.setUserName(params.user);
         db.setPassword(params.password);
         db.setDatabaseName(params.database);
-        db.setConnectOptions(
-            QStringLiteral("connect_timeout=%1;%2").arg(loginTimeoutSeconds).arg(pinnedPostgresOptions()));
+        db.setConnectOptions(QStringLiteral("connect_timeout=%1;sslmode=%2;%3")
+                                 .arg(loginTimeoutSeconds)
+                                 .arg(params.sslMode, pinnedPostgresOptions()));
     }
     QString rewrite(const QString& statement) const override
     {
         return rewriteTopAndGetdate(statement, QStringLiteral("LOCALTIMESTAMP(0)"));
+    }
+    // An idle link has nothing to read: when its socket is readable or closed, the server has ended
+    // the session (a restart, a time-out) and the link is dead.
+    bool linkAlive(QSqlDatabase& db) const override
+    {
+        // QPSQL hands out its libpq connection as "PGconn*" (named "pg_conn*" by libpq's own typedef).
+        const QVariant handle = db.driver()->handle();
+        if (qstrcmp(handle.typeName(), "PGconn*") != 0 && qstrcmp(handle.typeName(), "pg_conn*") != 0)
+            return true;
+        PGconn* connection = *static_cast<PGconn* const*>(handle.constData());
+        if (!connection || PQstatus(connection) != CONNECTION_OK)
+            return false;
+#ifdef Q_OS_UNIX
+        pollfd socket{PQsocket(connection), POLLIN, 0};
+        return poll(&socket, 1, 0) == 0;
+#else
+        return true;
+#endif
     }
 };
 
@@ -69,7 +136,8 @@ public:
     {
         QString connection = odbcConnectionString(params);
         if (m_postgres)
-            connection += QStringLiteral(";pqopt={") + pinnedPostgresOptions() + u'}';
+            connection += QStringLiteral(";SSLmode=") + params.sslMode + QStringLiteral(";pqopt={") +
+                          pinnedPostgresOptions() + u'}';
         db.setDatabaseName(connection);
         db.setConnectOptions(QStringLiteral("SQL_ATTR_LOGIN_TIMEOUT=%1;SQL_ATTR_CONNECTION_TIMEOUT=%1")
                                  .arg(loginTimeoutSeconds));
@@ -125,6 +193,17 @@ QString rewriteTopAndGetdate(const QString& statement, const QString& nowExpress
     if (m.hasMatch())
         out = m.captured(1) + m.captured(3) + QStringLiteral(" limit ") + m.captured(2);
     return out;
+}
+
+PlainConnection Unscramble(const DbConfig& c)
+{
+    return {c.server.plain(), c.user.plain(), c.password.plain(), c.database.plain(),
+            c.port,           c.odbcDriver,   c.sslMode};
+}
+
+bool ServerDialect::linkAlive(QSqlDatabase&) const
+{
+    return true;
 }
 
 QString ServerDialect::odbcConnectionString(const PlainConnection& params)

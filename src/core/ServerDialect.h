@@ -19,7 +19,11 @@ struct PlainConnection
     QString database;
     int port = 0;
     QString odbcDriver;
+    QString sslMode;
 };
+
+// The plain parameters of a configuration; call only where a link is opened.
+PlainConnection Unscramble(const DbConfig& config);
 
 // What differs between server kinds: the Qt driver, how a connection is set up, and the rewrite
 // of the two constructs (`select top N`, `Getdate()`) that a kind cannot read.
@@ -30,6 +34,14 @@ public:
     virtual QString qtDriver() const = 0;
     virtual void configure(QSqlDatabase& db, const PlainConnection& params) const = 0;
     virtual QString rewrite(const QString& statement) const = 0;
+    // Whether a link kept open since an earlier statement can still carry the next one, known without
+    // asking the server. A kind that cannot tell answers true, and a read that then fails on it is
+    // run once more on a new link.
+    virtual bool linkAlive(QSqlDatabase& db) const;
+    // Called once a new link is open, so that the kind may note what it needs to judge it later.
+    virtual void linkOpened(QSqlDatabase&) const {}
+    // How long an idle link stays open, in milliseconds; below 0 for as long as the program runs.
+    virtual int idleLimitMs() const { return 60000; }
 
     static std::unique_ptr<ServerDialect> create(const DbConfig& config);
     // The ODBC connection string in the classic order: DRIVER, SERVER, UID, PWD, DATABASE.

@@ -6,6 +6,8 @@
 
 #include <QDir>
 #include <QElapsedTimer>
+#include <QFile>
+#include <QSqlDatabase>
 #include <QTest>
 
 using namespace lanzhou;
@@ -119,6 +121,61 @@ private slots:
         QVERIFY(!QFile::exists(file));
     }
 
+    // Links stay open between statements and are checked before they are used again. A session the
+    // server ended, as at a restart, costs the user nothing: the next write goes through on a new link,
+    // with the pinned settings. A kind that cannot check (ODBC) reads again on a new link. An embedded
+    // file replaced underneath is opened afresh.
+    void keptLinks_data() { addBackendRows(everyServerSetting()); }
+    void keptLinks()
+    {
+        QFETCH(QString, backend);
+        TestContext t(backend);
+        Database& db = *t.db;
+        const QString insert = u"insert into UsrLst (ZBID,Usr,PWD) values ('L1','%1','')"_s;
+        QCOMPARE(db.RunQuery(insert.arg(u"甲"_s)), u"OK"_s);
+        QCOMPARE(db.RunScalar(u"select count(*) from UsrLst"_s), u"1"_s);
+        QCOMPARE(db.openLinks(), 1);
+        if (backend == u"sqlite"_s) {
+            for (const QString& suffix : {QString(), u"-wal"_s, u"-shm"_s})
+                QFile::remove(db.config().server.plain() + suffix);
+            QVERIFY(db.prepareEmbeddedFile());
+            QCOMPARE(db.RunScalar(u"select count(*) from UsrLst"_s), u"0"_s);
+            return;
+        }
+        Database other(db.config());
+        QCOMPARE(other.RunScalar(u"select count(pg_terminate_backend(pid)) from pg_stat_activity where "
+                                 "datname=current_database() and pid<>pg_backend_pid()"_s),
+                 u"1"_s);
+        QTest::qWait(200);
+        if (backend != u"odbc"_s)
+            QCOMPARE(db.RunQuery(insert.arg(u"乙"_s)), u"OK"_s);
+        QCOMPARE(db.RunScalar(u"select count(*) from UsrLst"_s), backend == u"odbc"_s ? u"1"_s : u"2"_s);
+        QCOMPARE(db.RunScalar(u"select current_setting('standard_conforming_strings')"_s), u"on"_s);
+        QCOMPARE(db.openLinks(), 1);
+    }
+
+    // A link that failed is dropped; idle links close after the idle limit.
+    void idleLinksClose()
+    {
+        LinkPool pool(
+            u"QSQLITE"_s,
+            [](QSqlDatabase& db) {
+                db.setDatabaseName(u":memory:"_s);
+                return db.open();
+            },
+            [](QSqlDatabase&) { return true; }, 100);
+        const QString link = pool.take();
+        pool.giveBack(link, true);
+        bool reused = false;
+        QCOMPARE(pool.take(&reused), link);
+        QVERIFY(reused);
+        pool.giveBack(link, false);
+        QCOMPARE(pool.openLinks(), 0);
+        pool.giveBack(pool.take(), true);
+        QCOMPARE(pool.openLinks(), 1);
+        QTRY_COMPARE(pool.openLinks(), 0);
+    }
+
     void rewrite_data()
     {
         QTest::addColumn<QString>("statement");
@@ -145,7 +202,7 @@ private slots:
 
     void connectionStrings()
     {
-        const PlainConnection p{u"srv"_s, u"u"_s, u"p"_s, u"ledgers"_s, 0, u"SQL Server"_s};
+        const PlainConnection p{u"srv"_s, u"u"_s, u"p"_s, u"ledgers"_s, 0, u"SQL Server"_s, {}};
         QCOMPARE(ServerDialect::odbcConnectionString(p),
                  u"DRIVER=SQL Server;SERVER=srv;UID=u;PWD=p;DATABASE=ledgers"_s);
         DbConfig c;
