@@ -204,6 +204,53 @@ QString Database::run(const QString& statement, bool fillGrid)
     return QString();
 }
 
+QStringList Database::RunBatch(const QStringList& statements)
+{
+    const WaitCursor hourglass;
+    QStringList answers(statements.size());
+    QList<qsizetype> sent;
+    QStringList rewritten;
+    bool onlyReads = true;
+    for (qsizetype i = 0; i < statements.size(); ++i) {
+        const StatementKind kind = classify(statements.at(i));
+        if (kind == StatementKind::Unknown)
+            continue;
+        onlyReads = onlyReads && kind == StatementKind::Select;
+        sent.append(i);
+        rewritten.append(m_dialect->rewrite(statements.at(i)));
+    }
+    if (sent.isEmpty() ||
+        (m_config.kind == ServerKind::Sqlite && !QFileInfo::exists(m_config.server.plain())))
+        return answers;
+
+    // As with a single read, a batch of reads that fails on a kept link runs once more on a new one.
+    for (int attempt = 0; attempt < 2; ++attempt) {
+        bool reused = false;
+        const QString link = m_pool->take(&reused);
+        if (link.isEmpty())
+            return answers;
+        bool healthy = true;
+        {
+            QSqlDatabase db = QSqlDatabase::database(link, false);
+            if (const auto piped = m_dialect->pipeline(db, rewritten)) {
+                for (qsizetype k = 0; k < sent.size(); ++k)
+                    answers[sent.at(k)] = piped->at(k).value_or(QString());
+            } else {
+                for (const qsizetype i : std::as_const(sent)) {
+                    QString result;
+                    healthy =
+                        execute(db, statements.at(i), classify(statements.at(i)), false, result) && healthy;
+                    answers[i] = result;
+                }
+            }
+        }
+        m_pool->giveBack(link, healthy);
+        if (healthy || !reused || !onlyReads)
+            return answers;
+    }
+    return answers;
+}
+
 int Database::openLinks() const
 {
     return m_pool->openLinks();

@@ -31,6 +31,10 @@ public:
 
     QString RunQuery(const QString& statement);
     QString RunScalar(const QString& statement);
+    // A run of statements known in advance (the journal's opening balances), each answered exactly as
+    // RunScalar would answer it, in order. PostgreSQL pipelines them over one link; other kinds run
+    // them one by one on one link.
+    QStringList RunBatch(const QStringList& statements);
 
     const ResultGrid& grid() const { return m_grid; }
     const DbConfig& config() const { return m_config; }

@@ -4,7 +4,10 @@
 
 #include <QString>
 
+#include <QList>
+
 #include <memory>
+#include <optional>
 
 class QSqlDatabase;
 
@@ -38,6 +41,12 @@ public:
     // asking the server. A kind that cannot tell answers true, and a read that then fails on it is
     // run once more on a new link.
     virtual bool linkAlive(QSqlDatabase& db) const;
+    // Runs single-value statements (already rewritten) over one link in as few round trips as the
+    // kind allows, each answered as a single-value read is: its first value ("OK" for a write), or
+    // nothing when it failed. Nothing at all when the kind has no such way or the link broke on the
+    // way; the caller then runs them one by one.
+    using Answers = QList<std::optional<QString>>;
+    virtual std::optional<Answers> pipeline(QSqlDatabase& db, const QStringList& statements) const;
     // Called once a new link is open, so that the kind may note what it needs to judge it later.
     virtual void linkOpened(QSqlDatabase&) const {}
     // How long an idle link stays open, in milliseconds; below 0 for as long as the program runs.

@@ -103,24 +103,33 @@ void FillJournal(JournalLines& lines, const ResultGrid& rows, Database& db, cons
     lines.addRule(JournalLines::Rule::Framed);
     lines.addRule(JournalLines::Rule::Single);
 
+    // The server matches item names without regard to case, so "ABC" and "abc" are one item with one
+    // opening balance. In balance mode the opening balances of all listed items are read as one batch
+    // before the lines are built.
+    const auto startsItem = [&rows](int i) {
+        return i == 1 || rows.cell(i, 3).compare(rows.cell(i - 1, 3), Qt::CaseInsensitive) != 0;
+    };
+    QStringList openingReads;
+    for (int i = 1; lines.balanceMode() && i < rows.rowLimit(); ++i)
+        if (startsItem(i))
+            openingReads.append(OpeningBalanceStatement(ledgerId, rows.cell(i, 3), periodStart));
+    const QStringList openings = db.RunBatch(openingReads);
+
     double increase = 0;
     double decrease = 0;
     double grandBalance = 0;
     double balance = 0;
-    QString previousItem;
+    qsizetype nextOpening = 0;
     for (int i = 1; i < rows.rowLimit(); ++i) {
         const QString item = rows.cell(i, 3);
         if (!lines.balanceMode()) {
             progress(QStringLiteral("正在读入第 ") + QString::number(i) + QStringLiteral(" 行……"));
-        } else if (i == 1 || item.compare(previousItem, Qt::CaseInsensitive) != 0) {
-            // The server matches item names without regard to case, so "ABC" and "abc" are one item
-            // with one opening balance.
+        } else if (startsItem(i)) {
             grandBalance += balance;
             progress(QStringLiteral("正在统计【") + item + QStringLiteral("】……"));
             // A failed read is an empty text, which counts as 0.
-            balance = NumericValue(db.RunScalar(OpeningBalanceStatement(ledgerId, item, periodStart)));
+            balance = NumericValue(openings.at(nextOpening++));
         }
-        previousItem = item;
 
         const double quantity = NumericValue(rows.cell(i, 4));
         if (quantity >= 0)

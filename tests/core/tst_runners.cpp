@@ -176,6 +176,34 @@ private slots:
         QTRY_COMPARE(pool.openLinks(), 0);
     }
 
+    // A batch answers each statement exactly as RunScalar does, a failing one alone, over more than one
+    // round of a pipeline.
+    void batch_data() { addBackendRows(backends(true)); }
+    void batch()
+    {
+        QFETCH(QString, backend);
+        TestContext t(backend);
+        t.exec(u"insert into Zhang (ZBID,USR,TM,ID,ITEM,SL,BZ) values ('L1','甲','2026-11-01 "
+               u"08:00','1','螺丝',2.5,''),"
+               "('L1','甲','2026-11-02 08:00','2','螺丝',-1,NULL)"_s);
+        QStringList statements{
+            u"select sum(sl) from Zhang Where ZBID='L1' and Item='螺丝' and TM<'2026-11-02'  "_s,
+            u"select count(*) from Zhang"_s,
+            u"select BZ from Zhang where ID='2'"_s,
+            u"select BZ from Zhang where ID='none'"_s,
+            u"select * from NoSuchTable"_s,
+            u"  sel  "_s,
+            u"select ITEM from Zhang where ID='1'"_s};
+        for (int i = 0; i < 450; ++i)
+            statements.append(u"select sum(SL) from Zhang where ID='%1'"_s.arg(i % 3));
+        QStringList single;
+        for (const QString& statement : std::as_const(statements))
+            single.append(t.db->RunScalar(statement));
+        QCOMPARE(single.mid(0, 7),
+                 (QStringList{u"2.5"_s, u"2"_s, QString(), QString(), QString(), QString(), u"螺丝"_s}));
+        QCOMPARE(t.db->RunBatch(statements), single);
+    }
+
     void rewrite_data()
     {
         QTest::addColumn<QString>("statement");
