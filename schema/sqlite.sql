@@ -33,6 +33,8 @@ CREATE TABLE IF NOT EXISTS Zhang (
   SL   REAL,
   BZ   TEXT COLLATE NOCASE
 );
-CREATE INDEX IF NOT EXISTS Zhang_Ledger_Item_Time ON Zhang (ZBID, ITEM, TM);
+-- Covering: an item's balance before a time is read from the index alone.
+CREATE INDEX IF NOT EXISTS Zhang_Ledger_Item_Time_Sl ON Zhang (ZBID, ITEM, TM, SL);
+DROP INDEX IF EXISTS Zhang_Ledger_Item_Time;
 CREATE INDEX IF NOT EXISTS Zhang_Ledger_Time ON Zhang (ZBID, TM, ID);
 CREATE INDEX IF NOT EXISTS Zhang_Ledger_Id ON Zhang (ZBID, ID);

@@ -39,7 +39,7 @@ CREATE TABLE Zhang (
 );
 
 IF NOT EXISTS (SELECT 1 FROM sys.indexes WHERE name = 'Zhang_Ledger_Item_Time')
-CREATE INDEX Zhang_Ledger_Item_Time ON Zhang (ZBID, ITEM, TM);
+CREATE INDEX Zhang_Ledger_Item_Time ON Zhang (ZBID, ITEM, TM) INCLUDE (SL);
 IF NOT EXISTS (SELECT 1 FROM sys.indexes WHERE name = 'Zhang_Ledger_Time')
 CREATE INDEX Zhang_Ledger_Time ON Zhang (ZBID, TM, ID);
 IF NOT EXISTS (SELECT 1 FROM sys.indexes WHERE name = 'Zhang_Ledger_Id')

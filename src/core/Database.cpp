@@ -101,15 +101,18 @@ bool Database::prepareEmbeddedFile() const
 {
     if (m_config.kind != ServerKind::Sqlite)
         return true;
+    // The schema only adds what is missing, so a file made by an earlier version gains its new
+    // indexes here too.
     const QString path = m_config.server.plain();
-    if (QFileInfo::exists(path))
-        return true;
-    QDir().mkpath(QFileInfo(path).absolutePath());
+    const bool existed = QFileInfo::exists(path);
+    if (!existed)
+        QDir().mkpath(QFileInfo(path).absolutePath());
     const QString name = QStringLiteral("lanzhou-schema");
     bool ok = false;
     {
         QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name);
         db.setDatabaseName(path);
+        db.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=5000"));
         if (db.open()) {
             QSqlQuery(db).exec(QStringLiteral("PRAGMA journal_mode=WAL"));
             ok = runScript(db, QStringLiteral(":/schema/sqlite.sql"));
@@ -117,7 +120,7 @@ bool Database::prepareEmbeddedFile() const
         }
     }
     QSqlDatabase::removeDatabase(name);
-    if (!ok)
+    if (!ok && !existed)
         QFile::remove(path);
     return ok;
 }
