@@ -24,8 +24,8 @@ void journalListing(const QStringList& backends)
 {
     constexpr int entries = 100000;
     for (const QString& backend : backends) {
-        test::TestContext t(backend);
-        generateLedger(t, {QStringLiteral("13800000000"), entries, 1000, 2026});
+        BenchLedger ledger(backend, {QStringLiteral("13800000000"), entries, 1000, 2026});
+        test::TestContext& t = ledger.t;
         AppContext context = t.context();
         MxLst journal(context);
         journal.resize(1100, 700);

@@ -19,9 +19,9 @@ namespace {
 void posting(const QStringList& backends)
 {
     for (const QString& backend : backends) {
-        test::TestContext t(backend);
         const LedgerShape shape;
-        generateLedger(t, shape);
+        BenchLedger ledger(backend, shape);
+        test::TestContext& t = ledger.t;
         LedgerList list;
         list.append({shape.ledgerId, QStringLiteral("基准账本")});
         list.save(t.settings);

@@ -11,9 +11,8 @@ void runners(const QStringList& backends)
     QStringList all = backends;
     all.append(QStringLiteral("odbc"));
     for (const QString& backend : all) {
-        test::TestContext t(backend);
-        generateLedger(t, {QStringLiteral("13800000000"), 1000, 50, 2026});
-        Database& db = *t.db;
+        BenchLedger ledger(backend, {QStringLiteral("13800000000"), 1000, 50, 2026});
+        Database& db = *ledger.t.db;
         const double scalar = medianMs(
             200, [&] { db.RunScalar(QStringLiteral("select ZBNM  from zblst Where ZBID='13800000000'")); });
         const double query = medianMs(50, [&] {

@@ -52,4 +52,17 @@ void generateLedger(test::TestContext& t, const LedgerShape& shape)
                 qPrintable(t.backendName));
 }
 
+BenchLedger::BenchLedger(const QString& backend, const LedgerShape& shape)
+    : t(backend.startsWith(QLatin1String("postgresql")) ? QStringLiteral("postgresql") : backend)
+{
+    generateLedger(t, shape);
+    t.backendName = backend;
+    if (!backend.endsWith(QLatin1String("-30ms")))
+        return;
+    relay = std::make_unique<DelayRelay>(quint16(t.db->config().port), 15);
+    DbConfig slow = t.db->config();
+    slow.port = relay->port();
+    *t.db = Database(slow);
+}
+
 } // namespace lanzhou::bench

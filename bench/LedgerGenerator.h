@@ -1,6 +1,9 @@
 #pragma once
 
+#include "DelayRelay.h"
 #include "TestContext.h"
+
+#include <memory>
 
 namespace lanzhou::bench {
 
@@ -15,5 +18,16 @@ struct LedgerShape
 };
 
 void generateLedger(test::TestContext& t, const LedgerShape& shape);
+
+// A backend of the benchmarks with its generated ledger: "sqlite", "postgresql", or
+// "postgresql-30ms", the test server behind a relay with a 30 ms round trip. The ledger is generated
+// over the direct link before the relay takes over.
+struct BenchLedger
+{
+    BenchLedger(const QString& backend, const LedgerShape& shape);
+
+    test::TestContext t;
+    std::unique_ptr<DelayRelay> relay;
+};
 
 } // namespace lanzhou::bench

@@ -49,7 +49,8 @@ int main(int argc, char** argv)
     if (names.isEmpty())
         for (const auto& [name, fn] : registry())
             names.append(name);
-    const QStringList backends{QStringLiteral("sqlite"), QStringLiteral("postgresql")};
+    const QStringList backends{QStringLiteral("sqlite"), QStringLiteral("postgresql"),
+                               QStringLiteral("postgresql-30ms")};
     for (const QString& name : names) {
         const auto it = registry().find(name);
         if (it == registry().end()) {
