@@ -38,10 +38,10 @@ void journalListing(const QStringList& backends)
         auto* lines = journal.findChild<QListWidget*>(QStringLiteral("Lst"));
         auto* sort = journal.findChild<QComboBox*>(QStringLiteral("CmbSort"));
 
-        for (const auto& [order, name] : {std::pair{0, "journal_balance_by_item"}, {1, "journal_by_time"}}) {
+        for (const auto& [order, name] : {std::pair{0, "journal-balance"}, {1, "journal-time"}}) {
             sort->setCurrentIndex(order);
             resetPeakMemory();
-            const double ms = medianMs(3, [&] {
+            const double ms = medianMs(5, [&] {
                 query->click();
                 if (lines->count() < entries / 4)
                     qFatal("journal listing incomplete: %d lines", int(lines->count()));

@@ -50,7 +50,7 @@ void posting(const QStringList& backends)
             if (!confirmation->text().endsWith(QStringLiteral("  已保存！")))
                 qFatal("posting bench: not saved");
         });
-        printFigure(QStringLiteral("post_to_confirmation"), backend, median, peakMemoryMiB());
+        printFigure(QStringLiteral("post"), backend, median, peakMemoryMiB());
     }
 }
 

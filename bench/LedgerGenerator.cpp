@@ -53,7 +53,9 @@ void generateLedger(test::TestContext& t, const LedgerShape& shape)
 }
 
 BenchLedger::BenchLedger(const QString& backend, const LedgerShape& shape)
-    : t(backend.startsWith(QLatin1String("postgresql")) ? QStringLiteral("postgresql") : backend)
+    : t(backend == QLatin1String("postgresql-odbc")       ? QStringLiteral("odbc")
+        : backend.startsWith(QLatin1String("postgresql")) ? QStringLiteral("postgresql")
+                                                          : backend)
 {
     generateLedger(t, shape);
     t.backendName = backend;

@@ -19,8 +19,8 @@ struct LedgerShape
 
 void generateLedger(test::TestContext& t, const LedgerShape& shape);
 
-// A backend of the benchmarks with its generated ledger: "sqlite", "postgresql", or
-// "postgresql-30ms", the test server behind a relay with a 30 ms round trip. The ledger is generated
+// A backend of the benchmarks with its generated ledger: "sqlite", "postgresql", "postgresql-odbc",
+// or "postgresql-30ms", the test server behind a relay with a 30 ms round trip. The ledger is generated
 // over the direct link before the relay takes over.
 struct BenchLedger
 {

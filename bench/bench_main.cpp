@@ -50,7 +50,7 @@ int main(int argc, char** argv)
         for (const auto& [name, fn] : registry())
             names.append(name);
     const QStringList backends{QStringLiteral("sqlite"), QStringLiteral("postgresql"),
-                               QStringLiteral("postgresql-30ms")};
+                               QStringLiteral("postgresql-odbc"), QStringLiteral("postgresql-30ms")};
     for (const QString& name : names) {
         const auto it = registry().find(name);
         if (it == registry().end()) {
