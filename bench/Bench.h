@@ -38,8 +38,11 @@ inline double medianMs(int runs, const std::function<void()>& fn)
     return times.at(times.size() / 2);
 }
 
-// One figure: "BENCH <name> <backend> median_ms=<x> peak_rss_mib=<y>".
+// One figure: "BENCH <name> <backend> median_ms=<x> peak_rss_mib=<y>". Figures are remembered for
+// the comparison with the peers.
 void printFigure(const QString& name, const QString& backend, double medianMs, double peakMiB);
+// The figures printed so far: name -> backend -> median in milliseconds.
+const std::map<QString, std::map<QString, double>>& printedFigures();
 
 // Peak resident memory of this process so far, in MiB (VmHWM).
 double peakMemoryMiB();

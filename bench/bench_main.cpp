@@ -8,8 +8,22 @@
 
 namespace lanzhou::bench {
 
+namespace {
+std::map<QString, std::map<QString, double>>& figures()
+{
+    static std::map<QString, std::map<QString, double>> printed;
+    return printed;
+}
+} // namespace
+
+const std::map<QString, std::map<QString, double>>& printedFigures()
+{
+    return figures();
+}
+
 void printFigure(const QString& name, const QString& backend, double medianMs, double peakMiB)
 {
+    figures()[name][backend] = medianMs;
     std::printf("BENCH %s %s median_ms=%.3f peak_rss_mib=%.1f\n", qPrintable(name), qPrintable(backend),
                 medianMs, peakMiB);
     std::fflush(stdout);
@@ -46,9 +60,12 @@ int main(int argc, char** argv)
             std::printf("%s\n", qPrintable(name));
         return 0;
     }
-    if (names.isEmpty())
+    if (names.isEmpty()) {
         for (const auto& [name, fn] : registry())
             names.append(name);
+        // The peers go last, so that our own figures are there to compare with.
+        names.move(names.indexOf(QStringLiteral("peers")), names.size() - 1);
+    }
     const QStringList backends{QStringLiteral("sqlite"), QStringLiteral("postgresql"),
                                QStringLiteral("postgresql-odbc"), QStringLiteral("postgresql-30ms")};
     for (const QString& name : names) {

@@ -7,9 +7,11 @@ packages=(
   qt6-base-dev qt6-base-dev-tools libqt6sql6-sqlite libqt6sql6-psql libqt6sql6-odbc
   libpq-dev qt6-translations-l10n unixodbc odbc-postgresql tdsodbc fonts-noto-cjk
 )
-if [ "${1:-}" = "--tests" ]; then
-  packages+=(postgresql xvfb xauth)
-fi
+case "${1:-}" in
+  --tests) packages+=(postgresql xvfb xauth) ;;
+  # The benchmarks compare with ledger-cli and hledger, timed by GNU time.
+  --bench) packages+=(postgresql ledger hledger time) ;;
+esac
 
 missing=()
 for p in "${packages[@]}"; do
