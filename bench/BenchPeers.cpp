@@ -103,7 +103,7 @@ void peers(const QStringList&)
             continue;
         for (const auto& [backend, ms] : byBackend)
             if (backend != QLatin1String("ledger") && backend != QLatin1String("hledger"))
-                std::printf("BENCH %s %s/best-peer ratio=%.2f\n", qPrintable(name), qPrintable(backend),
+                std::printf("BENCH %s %s/best-peer ratio=%.3f\n", qPrintable(name), qPrintable(backend),
                             ms / best.at(name));
     }
     std::fflush(stdout);
