@@ -186,22 +186,21 @@ QString Database::run(const QString& statement, bool fillGrid)
     if (m_config.kind == ServerKind::Sqlite && !QFileInfo::exists(m_config.server.plain()))
         return QString();
 
-    // A read that fails on a link kept from an earlier statement runs once more on a new link: the
-    // server may have ended the kept session in a way no check sees beforehand. A write is never sent
-    // twice, since its outcome is unknown.
+    // A read that fails on a link kept from an earlier statement, because the link is broken or may be,
+    // runs once more on a new link. A write is never sent twice, since its outcome is unknown.
     for (int attempt = 0; attempt < 2; ++attempt) {
         bool reused = false;
         const QString link = m_pool->take(&reused);
         if (link.isEmpty())
             return QString();
         QString result;
-        bool done = false;
+        bool healthy = true;
         {
             QSqlDatabase db = QSqlDatabase::database(link, false);
-            done = execute(db, statement, kind, fillGrid, result);
+            healthy = execute(db, statement, kind, fillGrid, result) || linkSurvived(db);
         }
-        m_pool->giveBack(link, done);
-        if (done || !reused || kind != StatementKind::Select)
+        m_pool->giveBack(link, healthy);
+        if (healthy || !reused || kind != StatementKind::Select)
             return result;
     }
     return QString();
@@ -245,6 +244,7 @@ QStringList Database::RunBatch(const QStringList& statements)
                         execute(db, statements.at(i), classify(statements.at(i)), false, result) && healthy;
                     answers[i] = result;
                 }
+                healthy = healthy || linkSurvived(db);
             }
         }
         m_pool->giveBack(link, healthy);
@@ -252,6 +252,13 @@ QStringList Database::RunBatch(const QStringList& statements)
             return answers;
     }
     return answers;
+}
+
+bool Database::linkSurvived(QSqlDatabase& db) const
+{
+    // A statement the server refused leaves the link as good as it was; only a link that can be
+    // checked is kept after a failure.
+    return m_dialect->checksLinks() && m_dialect->linkAlive(db);
 }
 
 int Database::openLinks() const

@@ -55,6 +55,8 @@ private:
     // Runs the statement on an open link; false when it failed (the answer is then the empty text).
     bool execute(QSqlDatabase& db, const QString& statement, StatementKind kind, bool fillGrid,
                  QString& result);
+    // After a failure: whether the link can carry the next statement.
+    bool linkSurvived(QSqlDatabase& db) const;
 
     DbConfig m_config;
     std::unique_ptr<ServerDialect> m_dialect;

@@ -43,6 +43,7 @@ class SqliteDialect final : public ServerDialect
 public:
     // One connection stays open, so the write-ahead log files are not made and removed per statement.
     int idleLimitMs() const override { return -1; }
+    bool checksLinks() const override { return true; }
     // The kept connection still holds the file it opened; a file moved away or replaced since is
     // another file, and the link must not write there.
     void linkOpened(QSqlDatabase& db) const override
@@ -179,6 +180,7 @@ public:
     {
         return rewriteTopAndGetdate(statement, QStringLiteral("LOCALTIMESTAMP(0)"));
     }
+    bool checksLinks() const override { return true; }
     // An idle link has nothing to read: when its socket is readable or closed, the server has ended
     // the session (a restart, a time-out) and the link is dead.
     bool linkAlive(QSqlDatabase& db) const override

@@ -37,9 +37,10 @@ public:
     virtual QString qtDriver() const = 0;
     virtual void configure(QSqlDatabase& db, const PlainConnection& params) const = 0;
     virtual QString rewrite(const QString& statement) const = 0;
-    // Whether a link kept open since an earlier statement can still carry the next one, known without
-    // asking the server. A kind that cannot tell answers true, and a read that then fails on it is
-    // run once more on a new link.
+    // Whether the kind can tell, without asking the server, that a link can still carry a statement;
+    // and whether it can. Where it cannot tell, a link is dropped after any failure and a read that
+    // failed on a kept link runs once more on a new one.
+    virtual bool checksLinks() const { return false; }
     virtual bool linkAlive(QSqlDatabase& db) const;
     // Runs single-value statements (already rewritten) over one link in as few round trips as the
     // kind allows, each answered as a single-value read is: its first value ("OK" for a write), or

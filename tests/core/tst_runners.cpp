@@ -152,6 +152,10 @@ private slots:
         QCOMPARE(db.RunScalar(u"select count(*) from UsrLst"_s), backend == u"odbc"_s ? u"1"_s : u"2"_s);
         QCOMPARE(db.RunScalar(u"select current_setting('standard_conforming_strings')"_s), u"on"_s);
         QCOMPARE(db.openLinks(), 1);
+        // A statement the server refuses (the editor's ID check always is) keeps a link that can be
+        // checked; through ODBC the link goes.
+        QCOMPARE(db.RunScalar(u"select ID from Zhang where ZBID= like  '%L1%' and ID='x'"_s), QString());
+        QCOMPARE(db.openLinks(), backend == u"odbc"_s ? 0 : 1);
     }
 
     // A link that failed is dropped; idle links close after the idle limit.
