@@ -176,34 +176,40 @@ bool Database::execute(QSqlDatabase& db, const QString& statement, StatementKind
     return true;
 }
 
+void Database::onLink(bool repeatable, const std::function<bool(QSqlDatabase&)>& work)
+{
+    // Opening a missing file would make a new, empty one.
+    if (m_config.kind == ServerKind::Sqlite && !QFileInfo::exists(m_config.server.plain()))
+        return;
+    // Work that fails on a link kept from an earlier statement, because the link is broken or may be,
+    // runs once more on a new link when it may be repeated: reads may, a write never, since its
+    // outcome is unknown.
+    for (int attempt = 0; attempt < 2; ++attempt) {
+        bool reused = false;
+        const QString link = m_pool->take(&reused);
+        if (link.isEmpty())
+            return;
+        bool healthy = true;
+        {
+            QSqlDatabase db = QSqlDatabase::database(link, false);
+            healthy = work(db) || linkSurvived(db);
+        }
+        m_pool->giveBack(link, healthy);
+        if (healthy || !reused || !repeatable)
+            return;
+    }
+}
+
 QString Database::run(const QString& statement, bool fillGrid)
 {
     const WaitCursor hourglass;
     const StatementKind kind = classify(statement);
     if (kind == StatementKind::Unknown)
         return QString();
-    // Opening a missing file would make a new, empty one.
-    if (m_config.kind == ServerKind::Sqlite && !QFileInfo::exists(m_config.server.plain()))
-        return QString();
-
-    // A read that fails on a link kept from an earlier statement, because the link is broken or may be,
-    // runs once more on a new link. A write is never sent twice, since its outcome is unknown.
-    for (int attempt = 0; attempt < 2; ++attempt) {
-        bool reused = false;
-        const QString link = m_pool->take(&reused);
-        if (link.isEmpty())
-            return QString();
-        QString result;
-        bool healthy = true;
-        {
-            QSqlDatabase db = QSqlDatabase::database(link, false);
-            healthy = execute(db, statement, kind, fillGrid, result) || linkSurvived(db);
-        }
-        m_pool->giveBack(link, healthy);
-        if (healthy || !reused || kind != StatementKind::Select)
-            return result;
-    }
-    return QString();
+    QString result;
+    onLink(kind == StatementKind::Select,
+           [&](QSqlDatabase& db) { return execute(db, statement, kind, fillGrid, result); });
+    return result;
 }
 
 QStringList Database::RunBatch(const QStringList& statements)
@@ -221,36 +227,22 @@ QStringList Database::RunBatch(const QStringList& statements)
         sent.append(i);
         rewritten.append(m_dialect->rewrite(statements.at(i)));
     }
-    if (sent.isEmpty() ||
-        (m_config.kind == ServerKind::Sqlite && !QFileInfo::exists(m_config.server.plain())))
+    if (sent.isEmpty())
         return answers;
-
-    // As with a single read, a batch of reads that fails on a kept link runs once more on a new one.
-    for (int attempt = 0; attempt < 2; ++attempt) {
-        bool reused = false;
-        const QString link = m_pool->take(&reused);
-        if (link.isEmpty())
-            return answers;
-        bool healthy = true;
-        {
-            QSqlDatabase db = QSqlDatabase::database(link, false);
-            if (const auto piped = m_dialect->pipeline(db, rewritten)) {
-                for (qsizetype k = 0; k < sent.size(); ++k)
-                    answers[sent.at(k)] = piped->at(k).value_or(QString());
-            } else {
-                for (const qsizetype i : std::as_const(sent)) {
-                    QString result;
-                    healthy =
-                        execute(db, statements.at(i), classify(statements.at(i)), false, result) && healthy;
-                    answers[i] = result;
-                }
-                healthy = healthy || linkSurvived(db);
-            }
+    onLink(onlyReads, [&](QSqlDatabase& db) {
+        if (const auto piped = m_dialect->pipeline(db, rewritten)) {
+            for (qsizetype k = 0; k < sent.size(); ++k)
+                answers[sent.at(k)] = piped->at(k).value_or(QString());
+            return true;
         }
-        m_pool->giveBack(link, healthy);
-        if (healthy || !reused || !onlyReads)
-            return answers;
-    }
+        bool done = true;
+        for (const qsizetype i : std::as_const(sent)) {
+            QString result;
+            done = execute(db, statements.at(i), classify(statements.at(i)), false, result) && done;
+            answers[i] = result;
+        }
+        return done;
+    });
     return answers;
 }
 

@@ -7,6 +7,7 @@
 
 #include <QString>
 
+#include <functional>
 #include <memory>
 
 class QSqlDatabase;
@@ -55,6 +56,9 @@ private:
     // Runs the statement on an open link; false when it failed (the answer is then the empty text).
     bool execute(QSqlDatabase& db, const QString& statement, StatementKind kind, bool fillGrid,
                  QString& result);
+    // Runs the work on a link of the pool; the work answers whether it succeeded. Without a link (the
+    // server unreachable, the embedded file gone) the work does not run.
+    void onLink(bool repeatable, const std::function<bool(QSqlDatabase&)>& work);
     // After a failure: whether the link can carry the next statement.
     bool linkSurvived(QSqlDatabase& db) const;
 
