@@ -79,7 +79,12 @@ QString QtDialogs::inputText(const QString& prompt, const QString& title, const 
 
 QString QtDialogs::saveFileName(const QString& title, const QString& folder, const QString& filter)
 {
-    return QFileDialog::getSaveFileName(QApplication::activeWindow(), title, folder, filter, nullptr,
+    // The filter comes as the system's record: description, NUL, pattern text. Qt's filter syntax
+    // holds globs only, so the dialog gets the description with the pattern's first glob.
+    const QString description = filter.section(QChar(0), 0, 0);
+    const QString glob = filter.section(QChar(0), 1).section(QLatin1Char(' '), 0, 0);
+    const QString qtFilter = glob.isEmpty() ? description : description + QStringLiteral(" (") + glob + u')';
+    return QFileDialog::getSaveFileName(QApplication::activeWindow(), title, folder, qtFilter, nullptr,
                                         QFileDialog::DontConfirmOverwrite);
 }
 

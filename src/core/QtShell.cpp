@@ -13,6 +13,10 @@ QtShell::QtShell(QObject* parent) : QObject(parent) {}
 
 bool QtShell::openUrl(const QString& address)
 {
+    // A file address is taken as a local path, so that "#" or "?" in a file name stay part of it.
+    const QLatin1String fileScheme("file://");
+    if (address.startsWith(fileScheme))
+        return QDesktopServices::openUrl(QUrl::fromLocalFile(address.mid(fileScheme.size())));
     return QDesktopServices::openUrl(QUrl::fromUserInput(address));
 }
 

@@ -32,6 +32,8 @@ public:
     QString journalRefreshMarker;
     // "OK" when a modal window reports success to its caller.
     QString modalResult;
+    // Where the save dialog of the next export opens: the folder of the last export.
+    QString exportFolder;
 
     // Stores the rights read at login, extended to all positions.
     void setRights(const QString& rights) { m_rights = Rights::Extend(rights); }

@@ -113,4 +113,25 @@ QString TextGrid::ruleSegment(Junction junction, int width) const
     return QString(fillCount(0, width, QStringView(&rule, 1)), rule) + glyphs[junction];
 }
 
+QString TextGrid::ruleLine(Junction junction, std::initializer_list<int> widths) const
+{
+    QString line;
+    for (const int width : widths)
+        line += ruleSegment(junction, width);
+    return line;
+}
+
+QString TextGrid::blankCells(std::initializer_list<int> widths) const
+{
+    QString line;
+    for (const int width : widths)
+        line += textCell(QString(), width);
+    return line;
+}
+
+QStringList SplitCells(const QString& line)
+{
+    return line.split(bar);
+}
+
 } // namespace lanzhou

@@ -4,7 +4,10 @@
 #include <QFontMetricsF>
 #include <QHash>
 #include <QString>
+#include <QStringList>
 #include <QStringView>
+
+#include <initializer_list>
 
 namespace lanzhou {
 
@@ -33,6 +36,10 @@ public:
     QString numberCell(double value, int width = 1000) const;
     // "─" up to the width, then the junction glyph.
     QString ruleSegment(Junction junction, int width) const;
+    // One rule segment per column width, all closed by the same junction.
+    QString ruleLine(Junction junction, std::initializer_list<int> widths) const;
+    // One empty text cell per column width: the bars of the columns and nothing between them.
+    QString blankCells(std::initializer_list<int> widths) const;
 
 private:
     // The advance of one character (a surrogate pair counts as one), remembered per character:
@@ -45,5 +52,9 @@ private:
     double m_twipsPerPixel;
     mutable QHash<char32_t, double> m_advances;
 };
+
+// The cells of a drawn line, the texts between its bars (the part after the last bar included, empty
+// when the line ends with a bar), so that the line is the cells joined by "│" again.
+QStringList SplitCells(const QString& line);
 
 } // namespace lanzhou

@@ -43,4 +43,11 @@ void DetachHandlers(QWidget* window)
     }
 }
 
+void BringForward(QWidget* window)
+{
+    window->show();
+    window->raise();
+    window->activateWindow();
+}
+
 } // namespace lanzhou

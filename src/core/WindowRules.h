@@ -11,6 +11,9 @@ namespace lanzhou {
 // moved back inside when it would stand out. Called when the window is first shown.
 void FitIntoScreen(QWidget* window);
 
+// Shows a window, raises it above the others and makes it the active one.
+void BringForward(QWidget* window);
+
 // An editable item box takes exactly what the operator types: no completion turns "scr" into
 // "screw"; the items are picked from the box's list.
 void TakeTypedTextAsIs(QComboBox* box);

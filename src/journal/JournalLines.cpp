@@ -13,11 +13,6 @@ constexpr int operatorWidth = 890;
 constexpr int timeWidth = 1590;
 constexpr int itemWidth = 3000;
 constexpr int amountWidth = 1000;
-// Rule segments under the same columns; the closing segment under the remark is shorter by the
-// balance column in balance mode, so that rules are equally long either way.
-constexpr int ruleWidths[] = {800, 1500, 3000, 1000, 1000};
-constexpr int balanceRuleWidth = 1000;
-constexpr int closingRuleWidth = 5000;
 
 } // namespace
 
@@ -26,12 +21,10 @@ JournalLines::JournalLines(const TextGrid& grid, const QString& itemLabel, const
     : m_grid(grid), m_itemLabel(itemLabel), m_quantityLabel(quantityLabel), m_balanceMode(balanceMode)
 {
     // Framed blank lines continue the bars above and below every rule, so each junction is a cross.
-    for (const int width : ruleWidths)
-        m_ruleLine += m_grid.ruleSegment(TextGrid::Middle, width);
-    if (m_balanceMode)
-        m_ruleLine += m_grid.ruleSegment(TextGrid::Middle, balanceRuleWidth);
-    m_ruleLine +=
-        m_grid.ruleSegment(TextGrid::Middle, closingRuleWidth - (m_balanceMode ? balanceRuleWidth : 0));
+    // The closing segment under the remark is shorter by the balance column in balance mode, so that
+    // rules are equally long either way.
+    m_ruleLine = m_balanceMode ? m_grid.ruleLine(TextGrid::Middle, {800, 1500, 3000, 1000, 1000, 1000, 4000})
+                               : m_grid.ruleLine(TextGrid::Middle, {800, 1500, 3000, 1000, 1000, 5000});
 }
 
 void JournalLines::add(const QString& line, const QString& id)
@@ -42,13 +35,11 @@ void JournalLines::add(const QString& line, const QString& id)
 
 QString JournalLines::framedBlankLine() const
 {
-    const QString blank(QLatin1Char(' '));
-    QString line = m_grid.textCell(blank, operatorWidth) + m_grid.textCell(blank, timeWidth) +
-                   m_grid.textCell(blank, itemWidth) + m_grid.textCell(blank, amountWidth) +
-                   m_grid.textCell(blank, amountWidth);
-    if (m_balanceMode)
-        line += m_grid.textCell(blank, amountWidth);
-    return line + blank;
+    const QString line =
+        m_balanceMode
+            ? m_grid.blankCells({operatorWidth, timeWidth, itemWidth, amountWidth, amountWidth, amountWidth})
+            : m_grid.blankCells({operatorWidth, timeWidth, itemWidth, amountWidth, amountWidth});
+    return line + QLatin1Char(' ');
 }
 
 void JournalLines::addHeading()

@@ -104,6 +104,17 @@ void MxLst::fillFilters()
     SelectPeriod(m_end, today.year(), today.month(), today.day(), 23, 59);
 }
 
+void MxLst::setItemCondition(const QString& item)
+{
+    ui->CmbItm->setEditText(item);
+}
+
+void MxLst::choosePeriod(const PeriodChoice& start, const PeriodChoice& end)
+{
+    ChoosePeriod(m_start, start);
+    ChoosePeriod(m_end, end);
+}
+
 JournalFilter MxLst::currentFilter() const
 {
     JournalFilter filter;

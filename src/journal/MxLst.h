@@ -34,6 +34,10 @@ public:
     void runCommand(int index);
     // The command 统计: rebuilds the listing from the filters.
     void runQuery();
+    // Puts a text into the item condition, as if typed.
+    void setItemCondition(const QString& item);
+    // Selects the given entries of the period lists (see ChoosePeriod).
+    void choosePeriod(const PeriodChoice& start, const PeriodChoice& end);
     // The statement the last query sent.
     const QString& lastStatement() const { return m_lastStatement; }
 

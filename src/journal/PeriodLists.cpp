@@ -88,6 +88,22 @@ void SelectPeriod(const PeriodLists& lists, int year, int month, int day, int ho
     selectText(lists[Minute], twoDigits(minute));
 }
 
+PeriodChoice ChosenPeriod(const PeriodLists& lists)
+{
+    PeriodChoice choice;
+    for (size_t i = 0; i < lists.size(); ++i)
+        choice[i] = lists[i]->currentText();
+    return choice;
+}
+
+void ChoosePeriod(const PeriodLists& lists, const PeriodChoice& choice)
+{
+    for (size_t i = 0; i < lists.size(); ++i) {
+        if (!choice[i].isEmpty())
+            selectText(lists[i], choice[i]);
+    }
+}
+
 QString PeriodText(const PeriodLists& lists)
 {
     return lists[Year]->currentText() + QLatin1Char('-') + lists[Month]->currentText() + QLatin1Char('-') +

@@ -16,6 +16,8 @@ class Kuang;
 
 namespace lanzhou {
 
+class JournalOpener;
+
 // The main window: the local ledger list, opening a ledger, operator login and quick entry, served
 // by one post button `Cmd` whose action follows the panel shown; the menus open the other windows.
 class Kuang : public QMainWindow
@@ -88,11 +90,10 @@ private:
     void onQuantityTextChanged(const QString& text);
     void hideConfirmation();
 
-    // Menus (KuangMenus.cpp, KuangJournal.cpp).
+    // Menus (KuangMenus.cpp, KuangReports.cpp).
     void buildMenus();
     void buildReportMenu();
     void popUnder(QMenu* menu, QWidget* button);
-    void openJournal();
     void backToLogin();
     void backToLedgerSelection();
 
@@ -115,7 +116,7 @@ private:
     QMenu* m_commandMenu = nullptr;
     QMenu* m_reportMenu = nullptr;
     QMenu* m_helpMenu = nullptr;
-    QPointer<QWidget> m_journal;
+    JournalOpener* m_journalOpener = nullptr;
 };
 
 } // namespace lanzhou

@@ -1,0 +1,50 @@
+#include "ReportItems.h"
+
+#include "AppContext.h"
+#include "LedgerItems.h"
+#include "Session.h"
+
+#include <QComboBox>
+#include <QRegularExpression>
+
+namespace lanzhou {
+
+void FillReportItems(QComboBox* box, const AppContext& context)
+{
+    box->clear();
+    // The items as the server knows them now; the session's list when the server cannot say.
+    QStringList items = ReadLedgerItems(context.db, context.session.ledgerId).value_or(context.session.items);
+    items.removeAll(QString());
+    if (items.isEmpty())
+        return;
+    box->addItem(AllItemsEntry(context.session.itemLabel));
+    box->addItem(QString());
+    box->addItems(items);
+    box->setCurrentIndex(0);
+}
+
+bool MatchesWildcard(const QString& name, const QString& pattern)
+{
+    QStringList parts = pattern.toUpper().split(QLatin1Char('*'));
+    for (QString& part : parts)
+        part = QRegularExpression::escape(part);
+    const QRegularExpression whole(QRegularExpression::anchoredPattern(parts.join(QStringLiteral(".*"))),
+                                   QRegularExpression::DotMatchesEverythingOption);
+    return whole.match(name.toUpper()).hasMatch();
+}
+
+QString FindListedItem(const QComboBox* box, const QString& item)
+{
+    for (int i = firstListedItem; i < box->count(); ++i) {
+        if (box->itemText(i) == item)
+            return item;
+    }
+    const QString pattern = QLatin1Char('*') + item + QLatin1Char('*');
+    for (int i = firstListedItem; i < box->count(); ++i) {
+        if (MatchesWildcard(box->itemText(i), pattern))
+            return box->itemText(i);
+    }
+    return QString();
+}
+
+} // namespace lanzhou

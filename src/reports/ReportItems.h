@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QString>
+
+class QComboBox;
+
+namespace lanzhou {
+
+struct AppContext;
+
+// The item condition list of the reports: "全部" + the item label (selected), an empty entry, then
+// every item of the ledger as the server groups them. A ledger without items leaves the list empty,
+// which the reports answer with their "nothing recorded yet" message.
+void FillReportItems(QComboBox* box, const AppContext& context);
+
+// Index of the first listed item (after the two fixed entries).
+constexpr int firstListedItem = 2;
+
+// Whether a name matches a pattern in which "*" stands for any run of characters; every other
+// character, "?", "#" and "[" included, stands for itself. Letters are compared in upper case.
+bool MatchesWildcard(const QString& name, const QString& pattern);
+
+// The listed item a drill-down line names: the item of that exact name, else the first that contains
+// it (a name cut to fit its column); the empty text when none does.
+QString FindListedItem(const QComboBox* box, const QString& item);
+
+} // namespace lanzhou
