@@ -212,7 +212,7 @@ QString Database::run(const QString& statement, bool fillGrid)
     return result;
 }
 
-QStringList Database::RunBatch(const QStringList& statements)
+QStringList Database::RunBatch(const QStringList& statements, int* failures)
 {
     const WaitCursor hourglass;
     QStringList answers(statements.size());
@@ -227,22 +227,30 @@ QStringList Database::RunBatch(const QStringList& statements)
         sent.append(i);
         rewritten.append(m_dialect->rewrite(statements.at(i)));
     }
-    if (sent.isEmpty())
-        return answers;
-    onLink(onlyReads, [&](QSqlDatabase& db) {
-        if (const auto piped = m_dialect->pipeline(db, rewritten)) {
-            for (qsizetype k = 0; k < sent.size(); ++k)
-                answers[sent.at(k)] = piped->at(k).value_or(QString());
-            return true;
-        }
-        bool done = true;
-        for (const qsizetype i : std::as_const(sent)) {
-            QString result;
-            done = execute(db, statements.at(i), classify(statements.at(i)), false, result) && done;
-            answers[i] = result;
-        }
-        return done;
-    });
+    int answered = 0;
+    if (!sent.isEmpty()) {
+        onLink(onlyReads, [&](QSqlDatabase& db) {
+            answered = 0;
+            if (const auto piped = m_dialect->pipeline(db, rewritten)) {
+                for (qsizetype k = 0; k < sent.size(); ++k) {
+                    answers[sent.at(k)] = piped->at(k).value_or(QString());
+                    answered += piped->at(k).has_value();
+                }
+                return true;
+            }
+            bool done = true;
+            for (const qsizetype i : std::as_const(sent)) {
+                QString result;
+                const bool ran = execute(db, statements.at(i), classify(statements.at(i)), false, result);
+                answers[i] = result;
+                answered += ran;
+                done = ran && done;
+            }
+            return done;
+        });
+    }
+    if (failures)
+        *failures = int(statements.size()) - answered;
     return answers;
 }
 

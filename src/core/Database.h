@@ -34,8 +34,9 @@ public:
     QString RunScalar(const QString& statement);
     // A run of statements known in advance (the journal's opening balances), each answered exactly as
     // RunScalar would answer it, in order. PostgreSQL pipelines them over one link; other kinds run
-    // them one by one on one link.
-    QStringList RunBatch(const QStringList& statements);
+    // them one by one on one link. `failures`, when given, receives how many statements failed, since
+    // an empty answer alone cannot tell a failure from a NULL.
+    QStringList RunBatch(const QStringList& statements, int* failures = nullptr);
 
     const ResultGrid& grid() const { return m_grid; }
     const DbConfig& config() const { return m_config; }

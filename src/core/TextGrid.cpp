@@ -113,7 +113,7 @@ QString TextGrid::ruleSegment(Junction junction, int width) const
     return QString(fillCount(0, width, QStringView(&rule, 1)), rule) + glyphs[junction];
 }
 
-QString TextGrid::ruleLine(Junction junction, std::initializer_list<int> widths) const
+QString TextGrid::ruleLine(Junction junction, const QList<int>& widths) const
 {
     QString line;
     for (const int width : widths)
@@ -121,7 +121,7 @@ QString TextGrid::ruleLine(Junction junction, std::initializer_list<int> widths)
     return line;
 }
 
-QString TextGrid::blankCells(std::initializer_list<int> widths) const
+QString TextGrid::blankCells(const QList<int>& widths) const
 {
     QString line;
     for (const int width : widths)

@@ -7,8 +7,6 @@
 #include <QStringList>
 #include <QStringView>
 
-#include <initializer_list>
-
 namespace lanzhou {
 
 // Builds the cells of the text tables that the journal and the reports draw in their lists:
@@ -37,9 +35,9 @@ public:
     // "─" up to the width, then the junction glyph.
     QString ruleSegment(Junction junction, int width) const;
     // One rule segment per column width, all closed by the same junction.
-    QString ruleLine(Junction junction, std::initializer_list<int> widths) const;
+    QString ruleLine(Junction junction, const QList<int>& widths) const;
     // One empty text cell per column width: the bars of the columns and nothing between them.
-    QString blankCells(std::initializer_list<int> widths) const;
+    QString blankCells(const QList<int>& widths) const;
 
 private:
     // The advance of one character (a surrogate pair counts as one), remembered per character:

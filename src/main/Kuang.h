@@ -16,6 +16,7 @@ class Kuang;
 
 namespace lanzhou {
 
+class HzLst;
 class JournalOpener;
 
 // The main window: the local ledger list, opening a ledger, operator login and quick entry, served
@@ -117,6 +118,7 @@ private:
     QMenu* m_reportMenu = nullptr;
     QMenu* m_helpMenu = nullptr;
     JournalOpener* m_journalOpener = nullptr;
+    QPointer<HzLst> m_summary;
 };
 
 } // namespace lanzhou

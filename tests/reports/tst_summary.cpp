@@ -1,0 +1,253 @@
+#include "HzLst.h"
+#include "JournalOpener.h"
+#include "MxLst.h"
+#include "TestContext.h"
+#include "TextUtils.h"
+#include "WindowDriver.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFile>
+#include <QListWidget>
+#include <QMap>
+#include <QTest>
+
+using namespace lanzhou;
+using namespace lanzhou::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Move
+{
+    QString item;
+    QString time;
+    double quantity;
+};
+
+// The period the summary opens with on 2026-11-15: the first of the month 00:00 to today 23:59. Each
+// item's moves try one rule: the bounds, a zero quantity, a sum of zero, nothing in the period.
+const QString start = u"2026-11-01 00:00"_s;
+const QString end = u"2026-11-15 23:59"_s;
+const QList<Move> moves = {
+    {u"A型螺丝"_s, u"2026-10-31 23:59"_s, 100},
+    {u"A型螺丝"_s, start, 10},
+    {u"A型螺丝"_s, u"2026-11-09 10:00"_s, -2.5},
+    {u"A型螺丝"_s, end, 5},
+    {u"A型螺丝"_s, u"2026-11-16 00:00"_s, 1000},
+    {u"B型螺母"_s, u"2026-10-02 08:00"_s, -2},
+    {u"B型螺母"_s, u"2026-11-03 08:00"_s, 2},
+    {u"B型螺母"_s, u"2026-11-04 08:00"_s, 0},
+    {u"C型垫圈"_s, u"2026-12-01 08:00"_s, 7},
+    {u"x'y [1]#?"_s, u"2026-11-05 08:00"_s, 3},
+    {u"C型不锈钢加长垫圈（国标GB97.1规格M12）"_s, u"2026-11-05 09:00"_s, -1.25},
+};
+
+// The trimmed cells of a line, joined by "|" in place of its bars.
+QString cells(const QString& line)
+{
+    QStringList parts = line.split(QChar(0x2502));
+    for (QString& part : parts)
+        part = part.trimmed();
+    return parts.join(u'|');
+}
+
+// The summary of ledger L1 (物品, 存量) on 2026-11-15, with the moves above, a tombstone and another
+// ledger's entry that must not count.
+struct SummaryWindow
+{
+    explicit SummaryWindow(const QString& backend) : t(backend), context(open(t)), journal(context, nullptr)
+    {
+        window = std::make_unique<HzLst>(context, journal);
+        d.setWindow(window.get());
+        window->show();
+    }
+
+    static AppContext open(TestContext& t)
+    {
+        t.openLedger(u"L1"_s, u"五金仓库"_s);
+        t.session.serverDateText = u"2026-11-15"_s;
+        int id = 0;
+        for (const Move& move : moves)
+            t.exec(
+                u"insert into Zhang (ZBID,USR,TM,ID,ITEM,SL,BZ) values ('L1','管理员','%1','M%2','%3',%4,'')"_s
+                    .arg(move.time, QString::number(++id), SqlLiteral(move.item),
+                         QString::number(move.quantity)));
+        t.exec(u"insert into Zhang (ZBID,USR,TM,ID,ITEM,SL,BZ) values "
+               "('管理员#L1#2026-11-14 10:00','管理员','2026-11-05 11:00','T1','A型螺丝',50,''),"
+               "('L2','管理员','2026-11-05 11:00','O1','A型螺丝',1000,'')"_s);
+        return t.context();
+    }
+
+    // The expected line of an item: its four figures computed from the moves.
+    static QString expected(const QString& item)
+    {
+        double opening = 0, increase = 0, decrease = 0;
+        for (const Move& move : moves) {
+            if (move.item != item)
+                continue;
+            if (move.time < start)
+                opening += move.quantity;
+            else if (move.time <= end)
+                (move.quantity >= 0 ? increase : decrease) += std::abs(move.quantity);
+        }
+        return QStringList{FormatQuantity(opening), FormatQuantity(increase), FormatQuantity(decrease),
+                           FormatQuantity(opening + increase - decrease)}
+            .join(u'|');
+    }
+
+    QStringList lines() const
+    {
+        QStringList texts;
+        auto* list = d.w<QListWidget>(u"Lst"_s);
+        for (int i = 0; i < list->count(); ++i)
+            texts.append(list->item(i)->text());
+        return texts;
+    }
+    // The data lines' cells, one line per item: item|opening|increase|decrease|closing.
+    QStringList dataLines() const
+    {
+        QStringList data;
+        const QStringList all = lines();
+        for (qsizetype i = 3; i < all.size(); ++i)
+            if (all.at(i).contains(QChar(0x2502)) && !all.at(i).contains(u"合计："_s))
+                data.append(cells(all.at(i)).chopped(1));
+        return data;
+    }
+    bool exportEnabled() const { return d.w<QWidget>(u"Cmd_1"_s)->isEnabled(); }
+
+    TestContext t;
+    AppContext context;
+    JournalOpener journal;
+    std::unique_ptr<HzLst> window;
+    WindowDriver d;
+};
+
+} // namespace
+
+class TestSummary : public QObject
+{
+    Q_OBJECT
+private slots:
+    // The default period over every item: four figures each, computed here from the moves; the totals;
+    // a rule after every line; the zero-sum rows hidden when asked; a server down gives its message
+    // and no report, and the next run works.
+    void figures_data() { addBackendRows(); }
+    void figures()
+    {
+        QFETCH(QString, backend);
+        SummaryWindow s(backend);
+        const WindowDriver& d = s.d;
+        QCOMPARE(s.window->windowTitle(), u"物品汇总表"_s);
+        auto* items = d.w<QComboBox>(u"CmbItm"_s);
+        QCOMPARE(items->itemText(0) + u'|' + items->itemText(1) + u'|' + QString::number(items->count()),
+                 u"全部物品||7"_s);
+        QVERIFY(!s.exportEnabled());
+        d.click(u"Cmd_0"_s);
+        const QStringList data = s.dataLines();
+        QCOMPARE(data.size(), items->count() - 2);
+        for (int i = 2; i < items->count(); ++i) {
+            // A name too long for its column is cut, so that the bars stay aligned.
+            const QString item = items->itemText(i), shown = data.at(i - 2).section(u'|', 0, 0);
+            QVERIFY2(item.startsWith(shown) && (shown == item || item.size() > 20), qPrintable(shown));
+            QCOMPARE(data.at(i - 2).section(u'|', 1), SummaryWindow::expected(item));
+        }
+        const QStringList all = s.lines();
+        QCOMPARE(cells(all.at(1)), u"物品|期初存量|增加|减少|期末存量|"_s);
+        QCOMPARE(cells(all.at(all.size() - 2)), u"合计：|98|20|3.75|114.25|"_s);
+        for (qsizetype i = 4; i < all.size() - 2; i += 2)
+            QVERIFY2(all.at(i).startsWith(QChar(0x2500)), qPrintable(all.at(i)));
+        QVERIFY(s.exportEnabled() && d.w<QWidget>(u"CmdWait"_s)->isHidden());
+        saveScreenshot(s.window.get(), u"summary.png"_s);
+
+        // The four figures sum to zero: B (-2 + 2 + 0 + 0), C型垫圈 (nothing before the end), and the
+        // long C (0 + 0 + 1.25 - 1.25), although its decrease is not zero.
+        d.click(u"Chk"_s);
+        d.click(u"Cmd_0"_s);
+        QCOMPARE(s.dataLines().join(u' '), u"A型螺丝|100|15|2.5|112.5 x'y [1]#?|0|3|0|3"_s);
+
+        s.t.setServerDown(true);
+        d.click(u"Cmd_0"_s);
+        s.t.setServerDown(false);
+        QCOMPARE(s.t.dialogs.texts(), QStringList{u"连接服务器失败，请重试！"_s});
+        QCOMPARE(s.lines().size(), 3);
+        QVERIFY(!s.exportEnabled() && d.w<QWidget>(u"Cmd_0"_s)->isEnabled());
+        d.click(u"Cmd_0"_s);
+        QCOMPARE(s.dataLines().size(), 2);
+    }
+
+    // Item conditions: typed text, how it is matched, the items reported or the message shown.
+    void conditions_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<bool>("contains");
+        QTest::addColumn<QString>("outcome");
+        QTest::newRow("all") << u"全部物品"_s << false << u"5"_s;
+        QTest::newRow("empty") << u""_s << true << u"5"_s;
+        QTest::newRow("equal, any case") << u"a型螺丝"_s << false << u"A型螺丝"_s;
+        QTest::newRow("equal, cleaned") << u" x'y [1]#? "_s << false << u"账本中不存在“xy [1]#?”这个物品"_s;
+        QTest::newRow("contains") << u"型螺"_s << true << u"A型螺丝 B型螺母"_s;
+        QTest::newRow("brackets plain") << u"[1]#?"_s << true << u"x'y [1]#?"_s;
+        QTest::newRow("star") << u"a*丝"_s << true << u"A型螺丝"_s;
+        QTest::newRow("none equal") << u"螺"_s << false << u"账本中不存在“螺”这个物品"_s;
+        QTest::newRow("none contains") << u"[2]"_s << true << u"账本中不存在字符包含“[2]”的物品"_s;
+    }
+    void conditions()
+    {
+        QFETCH(QString, text);
+        QFETCH(bool, contains);
+        QFETCH(QString, outcome);
+        SummaryWindow s(u"sqlite"_s);
+        s.d.click(u"Cmd_0"_s);
+        const QStringList before = s.lines();
+        s.d.type(u"CmbItm"_s, text);
+        s.d.pickIndex(u"CmbGX1"_s, contains ? 1 : 0);
+        s.d.click(u"Cmd_0"_s);
+        if (outcome.startsWith(u"账本"_s)) {
+            QCOMPARE(s.t.dialogs.texts(), QStringList{outcome});
+            QCOMPARE(s.lines(), before); // the last report stays, exportable
+            QVERIFY(s.exportEnabled());
+            return;
+        }
+        QStringList reported;
+        for (const QString& line : s.dataLines())
+            reported.append(line.section(u'|', 0, 0));
+        QCOMPARE(outcome.size() == 1 ? QString::number(reported.size()) : reported.join(u' '), outcome);
+    }
+
+    // Export of the report: the head and the lines with cells, each ending with ","; a click on a rule
+    // moves off it; a double-click on an item opens the journal on that item and period.
+    void exportAndDrillDown()
+    {
+        SummaryWindow s(u"sqlite"_s);
+        const WindowDriver& d = s.d;
+        s.d.type(u"CmbItm"_s, u"型螺"_s);
+        s.d.pickIndex(u"CmbGX1"_s, 1);
+        d.click(u"Cmd_0"_s);
+        const QString path = s.t.dir.filePath(u"汇总.CSV"_s);
+        s.t.dialogs.queueText(path);
+        s.t.dialogs.queueAnswer(DialogAnswer::No);
+        d.click(u"Cmd_1"_s);
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QStringList written = QString::fromUtf8(file.readAll()).split(u"\r\n"_s);
+        QCOMPARE(written.takeLast(), QString());
+        for (QString& line : written)
+            line = cells(line.replace(u',', QChar(0x2502)));
+        QCOMPARE(written, (QStringList{u"物品|期初存量|增加|减少|期末存量|"_s, u"A型螺丝|100|15|2.5|112.5|"_s,
+                                       u"B型螺母|-2|2|0|0|"_s, u"合计：|98|17|2.5|112.5|"_s}));
+        QCOMPARE(s.t.dialogs.shown().at(0).title, u"物品汇总表 导出到Excel文件"_s);
+
+        auto* list = d.w<QListWidget>(u"Lst"_s);
+        d.clickLine(u"Lst"_s, 4);
+        QCOMPARE(list->currentRow(), 5);
+        d.doubleClickLine(u"Lst"_s, 5);
+        MxLst* journal = s.journal.open();
+        QCOMPARE(journal->lastStatement(),
+                 u"select id ,usr,tm,item,sl,bz  from Zhang Where ZBID='L1'  And TM>='2026-11-01 00:00'  "
+                 "And TM<='2026-11-15 23:59'  And Item='B型螺母'  order by Item,TM,ID "_s);
+    }
+};
+
+QTEST_MAIN(TestSummary)
+#include "tst_summary.moc"
