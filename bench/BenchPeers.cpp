@@ -27,6 +27,12 @@ void writeJournal(test::TestContext& t, const QString& path)
     }
 }
 
+// A peer that needs several runs for one figure runs them in one shell command.
+QStringList inShell(const QString& script)
+{
+    return {QStringLiteral("sh"), QStringLiteral("-c"), script};
+}
+
 struct PeerRun
 {
     double medianMs = 0;
@@ -51,8 +57,9 @@ PeerRun timePeer(const QStringList& command)
 }
 
 // The same work with ledger-cli and hledger on the same generated entries: the year's register with
-// balances carried in from before (journal-balance), the year's register by date (journal-time), and
-// one item's total, which is what a plain-text tool does to show it after an entry is added (post).
+// balances carried in from before (journal-balance), the year's register by date (journal-time), the
+// year's summary, every item's total (balance-list), and one item's total, which is what a plain-text
+// tool does to show it after an entry is added (post).
 // Then each of our figures against the best peer.
 void peers(const QStringList&)
 {
@@ -81,6 +88,27 @@ void peers(const QStringList&)
           {QStringLiteral("hledger"),
            {QStringLiteral("hledger"), QStringLiteral("-f"), journal, QStringLiteral("register"),
             QStringLiteral("物品"), QStringLiteral("-b"), from, QStringLiteral("-e"), to}}}},
+        // The summary's four figures per item: the balances before the year, then its increases and
+        // its decreases (the closing figure follows from them, as in the summary).
+        {QStringLiteral("summary"),
+         {{QStringLiteral("ledger"),
+           inShell(QStringLiteral("ledger -f %1 balance ^物品 --flat -e %2 >/dev/null && "
+                                  "ledger -f %1 balance ^物品 --flat -b %2 -e %3 --limit 'amount>=0' >/dev/null && "
+                                  "ledger -f %1 balance ^物品 --flat -b %2 -e %3 --limit 'amount<0' >/dev/null")
+                       .arg(journal, from, to))},
+          {QStringLiteral("hledger"),
+           inShell(QStringLiteral("hledger -f %1 balance 物品 -e %2 >/dev/null && "
+                                  "hledger -f %1 balance 物品 -b %2 -e %3 'amt:>=0' >/dev/null && "
+                                  "hledger -f %1 balance 物品 -b %2 -e %3 'amt:<0' >/dev/null")
+                       .arg(journal, from, to))}}},
+        // The balance list: every item's total.
+        {QStringLiteral("balance-list"),
+         {{QStringLiteral("ledger"),
+           {QStringLiteral("ledger"), QStringLiteral("-f"), journal, QStringLiteral("balance"),
+            QStringLiteral("^物品"), QStringLiteral("--flat")}},
+          {QStringLiteral("hledger"),
+           {QStringLiteral("hledger"), QStringLiteral("-f"), journal, QStringLiteral("balance"),
+            QStringLiteral("物品")}}}},
         {QStringLiteral("post"),
          {{QStringLiteral("ledger"),
            {QStringLiteral("ledger"), QStringLiteral("-f"), journal, QStringLiteral("balance"),
