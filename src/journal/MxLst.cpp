@@ -46,14 +46,14 @@ MxLst::MxLst(const AppContext& context, QWidget* parent)
     ClampDayOnChange(m_end);
 
     m_cmd[JournalCmd::Query] = ui->Cmd_0;
+    m_cmd[JournalCmd::Export] = ui->Cmd_1;
     m_cmd[JournalCmd::Close] = ui->Cmd_2;
     m_cmd[JournalCmd::LateEntry] = ui->Cmd_3;
     m_cmd[JournalCmd::Modify] = ui->Cmd_4;
     m_cmd[JournalCmd::DeleteOne] = ui->Cmd_5;
-    for (int i = 0; i < int(m_cmd.size()); ++i) {
-        if (m_cmd[i])
-            connect(m_cmd[i], &QPushButton::clicked, this, [this, i] { runCommand(i); });
-    }
+    m_cmd[JournalCmd::BulkDelete] = ui->Cmd_6;
+    for (int i = 0; i < int(m_cmd.size()); ++i)
+        connect(m_cmd[i], &QPushButton::clicked, this, [this, i] { runCommand(i); });
     connect(ui->Lst, &QListWidget::itemDoubleClicked, this, [this](QListWidgetItem* item) {
         if (!ui->Lst2->item(ui->Lst->row(item))->text().isEmpty())
             runCommand(JournalCmd::Modify);
@@ -136,15 +136,13 @@ void MxLst::setBusy(bool busy, const QString& caption)
     m_busy = busy;
     ui->CmdWait->setText(caption);
     ui->CmdWait->setVisible(busy);
-    for (QPushButton* button : m_cmd) {
-        if (button)
-            button->setEnabled(!busy);
-    }
+    for (QPushButton* button : m_cmd)
+        button->setEnabled(!busy);
 }
 
 void MxLst::closeEvent(QCloseEvent* event)
 {
-    // The listing loop yields to the window; it must not lose its window meanwhile.
+    // The listing and bulk delete loops yield to the window; they must not lose it meanwhile.
     if (m_busy)
         event->ignore();
     else
@@ -163,6 +161,9 @@ void MxLst::runCommand(int index)
     case JournalCmd::Query:
         runQuery();
         break;
+    case JournalCmd::Export:
+        exportListing();
+        break;
     case JournalCmd::Close:
         close();
         break;
@@ -172,6 +173,9 @@ void MxLst::runCommand(int index)
         break;
     case JournalCmd::DeleteOne:
         deleteSelected();
+        break;
+    case JournalCmd::BulkDelete:
+        deleteListing();
         break;
     default:
         break;

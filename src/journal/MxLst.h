@@ -22,7 +22,7 @@ class JournalLines;
 
 // The journal (流水账): the entries of a period, filtered by item, sign, remark and operator, as a
 // text table in Lst with each line's entry ID in the hidden Lst2; from here entries are modified,
-// deleted or added late through the entry editor.
+// deleted or added late through the entry editor, and the whole listing is exported or deleted.
 class MxLst : public QWidget
 {
     Q_OBJECT
@@ -30,7 +30,8 @@ public:
     explicit MxLst(const AppContext& context, QWidget* parent = nullptr);
     ~MxLst() override;
 
-    // Dispatches the command array: 0 query, 2 close, 3 late entry, 4 modify, 5 delete.
+    // Dispatches the command array: 0 query, 1 export, 2 close, 3 late entry, 4 modify, 5 delete,
+    // 6 bulk delete.
     void runCommand(int index);
     // The command 统计: rebuilds the listing from the filters.
     void runQuery();
@@ -57,13 +58,17 @@ private:
     void deleteSelected();
     // After an edit the listing is run again and the selection goes back to the same line.
     void refreshAfterEdit();
+    // Writes the column titles, the entries and the totals to a CSV file.
+    void exportListing();
+    // Tombstones every listed entry and blanks its line.
+    void deleteListing();
 
     std::unique_ptr<Ui::MxLst> ui;
     AppContext m_context;
     TextGrid m_grid;
     PeriodLists m_start;
     PeriodLists m_end;
-    // Buttons by command index; export (1) and bulk delete (6) have none yet.
+    // Buttons by command index.
     std::array<QPushButton*, 7> m_cmd{};
     QString m_lastStatement;
     int m_trackedRow = -1;

@@ -7,11 +7,13 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QFile>
 #include <QFontMetrics>
 #include <QListWidget>
 #include <QScreen>
 #include <QScrollBar>
 #include <QTest>
+#include <QTimer>
 
 using namespace lanzhou;
 using namespace lanzhou::test;
@@ -469,6 +471,148 @@ private slots:
         QVERIFY(!j.editor());
         QCOMPARE(j.t.text(u"select SL from Zhang where ID='780086400' order by SL"_s), u"0.5;5"_s);
         QVERIFY(!j.ids().contains(u"7827507900"_s));
+    }
+
+    // Export: refused without a listing or the right; a listing with the balance column and one without
+    // appended to one file as titles, entries and totals; a folder that does not exist; a cancelled
+    // dialog; Yes opens the file.
+    void exportListing_data() { addBackendRows(); }
+    void exportListing()
+    {
+        QFETCH(QString, backend);
+        JournalWindow j(backend);
+        const WindowDriver& d = j.d;
+        TestContext& t = j.t;
+        d.click(u"Cmd_1"_s);
+        d.click(u"Cmd_0"_s);
+        t.session.setRights(u"1111111011110111"_s); // export (8) and bulk delete (13) refused
+        d.click(u"Cmd_1"_s);
+        d.click(u"Cmd_6"_s);
+        t.session.setRights(QString());
+        QCOMPARE(t.dialogs.texts(),
+                 (QStringList{u"请先使用【统计】功能列出历史记录，才能进行导出操作！"_s, refused, refused}));
+        t.dialogs.clear();
+        const QString path = t.dir.path() + u"/x.txt"_s;
+        set(d, u"CmbItm=型螺;CmbGX1=包含"_s);
+        d.click(u"Cmd_0"_s);
+        t.dialogs.queueText(path);
+        t.dialogs.queueAnswer(DialogAnswer::No);
+        d.click(u"Cmd_1"_s);
+        set(d, u"CmbSL=减少"_s);
+        d.click(u"Cmd_0"_s);
+        t.dialogs.queueText(path + u".csv"_s);
+        t.dialogs.queueAnswer(DialogAnswer::Yes);
+        d.click(u"Cmd_1"_s);
+        QFile file(path + u".csv"_s);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QStringList written{u" 操作员 , 时间 ,物品 , 增加 , 减少 ,存量 , 备注"_s,
+                                  u"管理员 ,2026-11-15 08:00 ,A型螺丝 , 10, , 110,入库"_s,
+                                  u"张三 ,2026-11-15 09:00 ,A型螺丝 , , 2.5, 107.5,计划外"_s,
+                                  u"张三 ,2026-11-15 10:00 ,B型螺母 , 0, , 0,盘点"_s,
+                                  u"管理员 ,2026-11-15 23:59 ,B型螺母 , , 4, -4,"_s,
+                                  u" , , 合计： , 10, 6.5, 103.5,"_s,
+                                  u" 操作员 , 时间 ,物品 , 增加 , 减少 , 备注"_s,
+                                  u"张三 ,2026-11-15 09:00 ,A型螺丝 , , 2.5,计划外"_s,
+                                  u"管理员 ,2026-11-15 23:59 ,B型螺母 , , 4,"_s,
+                                  u" , , 合计： , 0, 6.5,"_s};
+        QCOMPARE(file.readAll(), (written.join(u"\r\n"_s) + u"\r\n"_s).toUtf8());
+        const QString done = u"数据导出完成！\n\n是否需要打开这个Excel文件？"_s;
+        QCOMPARE(t.dialogs.texts(), (QStringList{{}, done, {}, done}));
+        QCOMPARE(t.dialogs.shown().at(0).title, u"物品流水账 导出到Excel文件"_s);
+        QCOMPARE(t.shell.openedUrls, QStringList{u"file://"_s + path + u".csv"_s});
+        t.dialogs.clear();
+        t.dialogs.queueText(t.dir.path() + u"/missing/x"_s);
+        d.click(u"Cmd_1"_s);
+        t.dialogs.queueText(QString());
+        d.click(u"Cmd_1"_s);
+        QCOMPARE(t.dialogs.texts(), (QStringList{{}, u"导出失败"_s, {}}));
+        QCOMPARE(j.ids(), u"A03 A05"_s);
+    }
+
+    // Bulk delete: refused without a listing; with a password, wrong and then right; without one,
+    // Cancel, a server that is down at the second password read, and a server that goes down after the
+    // first entry, then the retry. Every listed entry gets the batch's one stamp; heading, rules and
+    // totals, unlisted entries and other ledgers stay.
+    void bulkDelete_data() { addBackendRows(); }
+    void bulkDelete()
+    {
+        QFETCH(QString, backend);
+        JournalWindow j(backend);
+        const WindowDriver& d = j.d;
+        TestContext& t = j.t;
+        const QString stamp = u"管理员#L1#2026-11-15 09:05"_s, done = u"批量删除完成！"_s,
+                      wrong = u"密码输入错误，删除操作取消！"_s;
+        const auto under = [&](const QString& ledgerId) {
+            return t.text(u"select ID from Zhang where ZBID='"_s + ledgerId + u"' order by ID"_s)
+                .replace(u';', u' ');
+        };
+        const auto warning = [](const QString& howToGoOn) {
+            return u"    您真的要删除表格中的所有历史记录吗？\n    数据删除后将不可恢复！\n    "_s +
+                   howToGoOn + u"\n    如果想放弃删除，请点击【取消】按钮；"_s;
+        };
+        const QString typePassword =
+            warning(u"如果确实要删除表格中所有数据，请输入您的操作员密码，再点击【确定】按钮。"_s);
+        const QString confirm = warning(u"如果确认要继续进行删除操作，请点击【确定】按钮。"_s);
+        d.click(u"Cmd_6"_s);
+        t.exec(u"update UsrLst set PWD='密码' where Usr='管理员'"_s);
+        set(d, u"CmbUsr=张三"_s);
+        d.click(u"Cmd_0"_s);
+        QStringList blanked = j.lines();
+        blanked[j.rowOf(u"A03"_s)] = blanked[j.rowOf(u"A04"_s)] = QString();
+        t.dialogs.queueText(u"密"_s);
+        d.click(u"Cmd_6"_s);
+        QCOMPARE(j.ids(), u"A03 A04"_s);
+        t.dialogs.queueText(u"密码"_s);
+        d.click(u"Cmd_6"_s);
+        QCOMPARE(t.dialogs.texts(), (QStringList{u"请先使用【统计】功能列出历史记录，才能进行删除操作！"_s,
+                                                 typePassword, wrong, typePassword, done}));
+        QCOMPARE(t.dialogs.shown().at(1).title, u"警告"_s);
+        QCOMPARE(under(stamp), u"A03 A04"_s);
+        QCOMPARE(j.lines(), blanked);
+        QCOMPARE(j.ids(), QString());
+
+        t.exec(u"update UsrLst set PWD=NULL where Usr='管理员'"_s);
+        t.dialogs.clear();
+        set(d, u"CmbUsr="_s);
+        d.click(u"Cmd_0"_s);
+        t.dialogs.queueAnswer(DialogAnswer::Cancel);
+        d.click(u"Cmd_6"_s);
+        j.serverDown([&] {
+            t.dialogs.queueAnswer(DialogAnswer::Ok);
+            d.click(u"Cmd_6"_s);
+        });
+        QCOMPARE(j.ids(), u"A02 A05 A07 A09 A10"_s);
+        // While the batch runs it shows its caption, offers no command and keeps its window; then the
+        // server goes down.
+        QString during;
+        QTimer watch;
+        connect(&watch, &QTimer::timeout, &watch, [&] {
+            if (d.w<QWidget>(u"CmdWait"_s)->isHidden())
+                return;
+            watch.stop();
+            during = d.text(u"CmdWait"_s) + QString::number(d.w<QWidget>(u"Cmd_6"_s)->isEnabled());
+            j.window->close();
+            t.setServerDown(true);
+        });
+        watch.start();
+        t.dialogs.queueAnswer(DialogAnswer::Ok);
+        d.click(u"Cmd_6"_s);
+        t.setServerDown(false);
+        QCOMPARE(during, u"正在删除数据，请稍候……0"_s);
+        QVERIFY(j.window->isVisible() && d.w<QWidget>(u"Cmd_6"_s)->isEnabled() &&
+                d.w<QWidget>(u"CmdWait"_s)->isHidden());
+        QCOMPARE(j.ids(), u"A05 A07 A09 A10"_s);
+        t.dialogs.queueAnswer(DialogAnswer::Ok);
+        d.click(u"Cmd_6"_s);
+        QCOMPARE(t.dialogs.texts(),
+                 (QStringList{confirm, confirm, u"网络异常，删除操作强制取消！"_s, confirm,
+                              done + u"\n有 4 条账目未能删除，请稍后重试。"_s, confirm, done}));
+        const auto& box = t.dialogs.shown().at(0);
+        QVERIFY(box.title == u"警告"_s && box.icon == DialogIcon::Warning &&
+                box.buttons == DialogButtons::OkCancel && box.defaultAnswer == DialogAnswer::Cancel);
+        QCOMPARE(under(stamp), u"A02 A03 A04 A05 A07 A09 A10"_s);
+        QCOMPARE(under(u"L1"_s) + u' ' + under(u"L2"_s) + u' ' + under(u"管理员#L1#2026-11-14 10:00"_s),
+                 u"A01 A06 A11 B01 A08"_s);
     }
 
     void entryIds_data()
