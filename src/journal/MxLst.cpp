@@ -17,7 +17,6 @@
 #include "WindowRules.h"
 
 #include <QCloseEvent>
-#include <QElapsedTimer>
 #include <QFontMetrics>
 
 #include <cmath>
@@ -212,15 +211,11 @@ void MxLst::runQuery()
     clearListing();
     JournalLines lines(m_grid, m_context.session.itemLabel, m_context.session.quantityLabel,
                        statement.balanceMode);
-    // The caption follows every row; the window repaints it at most every 50 ms, since a repaint
-    // per row would cost more than building the listing.
-    QElapsedTimer sinceRepaint;
+    // The caption follows every row; the window repaints it as the pace allows.
+    PacedYield paced;
     FillJournal(lines, rows, db, filter.ledgerId, filter.periodStart, [&](const QString& caption) {
         ui->CmdWait->setText(caption);
-        if (!sinceRepaint.isValid() || sinceRepaint.elapsed() >= 50) {
-            YieldEvents();
-            sinceRepaint.start();
-        }
+        paced();
     });
     showListing(lines);
     hourglass.reset();
