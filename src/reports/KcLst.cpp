@@ -1,0 +1,219 @@
+#include "KcLst.h"
+
+#include "ui_KcLst.h"
+
+#include "BalanceLines.h"
+#include "BalanceQuery.h"
+#include "Clock.h"
+#include "CsvExport.h"
+#include "Database.h"
+#include "DateUtils.h"
+#include "Dialogs.h"
+#include "EventLoop.h"
+#include "JournalOpener.h"
+#include "LedgerItems.h"
+#include "ReportItems.h"
+#include "Rights.h"
+#include "Session.h"
+#include "TextUtils.h"
+#include "WaitCursor.h"
+#include "WindowRules.h"
+
+#include <QCloseEvent>
+
+#include <optional>
+
+namespace lanzhou {
+
+namespace {
+
+const QChar bar(0x2502);
+
+} // namespace
+
+KcLst::KcLst(const AppContext& context, JournalOpener& journal, QWidget* parent)
+    : QWidget(parent), ui(std::make_unique<Ui::KcLst>()), m_context(context), m_journal(journal),
+      m_grid(TextGrid::listFont()), m_sortClause(QStringLiteral(" order by Item "))
+{
+    ui->setupUi(this);
+    const Session& session = m_context.session;
+    setWindowTitle(session.itemLabel + session.quantityLabel + QStringLiteral("表"));
+    ui->Lab2->setText(session.itemLabel + QStringLiteral("："));
+    FillReportItems(ui->Cmb, m_context);
+    TakeTypedTextAsIs(ui->Cmb);
+    ui->Txt->setText(QStringLiteral("0"));
+    ui->Lst->setFont(TextGrid::listFont());
+    ui->CmdWait->hide();
+
+    m_cmd = {ui->Cmd_0, ui->Cmd_1, ui->Cmd_2};
+    for (int i = 0; i < int(m_cmd.size()); ++i)
+        connect(m_cmd[i], &QPushButton::clicked, this, [this, i] { runCommand(i); });
+    connect(ui->Lst, &QListWidget::itemDoubleClicked, this, [this](QListWidgetItem* line) {
+        if (!m_busy)
+            drillDown(line->text());
+    });
+    drawHead();
+}
+
+KcLst::~KcLst()
+{
+    DetachHandlers(this);
+}
+
+void KcLst::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    if (!std::exchange(m_fitted, true))
+        FitIntoScreen(this);
+}
+
+void KcLst::closeEvent(QCloseEvent* event)
+{
+    // A run yields to the window while it reads; it must not lose its window meanwhile.
+    if (m_busy)
+        event->ignore();
+    else
+        QWidget::closeEvent(event);
+}
+
+void KcLst::runCommand(int index)
+{
+    if (m_busy)
+        return;
+    switch (index) {
+    case Run:
+        runList();
+        break;
+    case Export:
+        if (RequireRight(m_context, Right::Export))
+            exportList();
+        break;
+    case Close:
+        close();
+        break;
+    default:
+        break;
+    }
+}
+
+void KcLst::setBusy(bool busy)
+{
+    m_busy = busy;
+    ui->CmdWait->setText(busy ? QStringLiteral("正在读取数据，请稍候……") : QString());
+    ui->CmdWait->setVisible(busy);
+    for (QPushButton* button : m_cmd)
+        button->setEnabled(!busy);
+    m_cmd[Export]->setEnabled(!busy && hasRows());
+}
+
+bool KcLst::hasRows() const
+{
+    return ui->Lst->count() > BalanceLines::headCount;
+}
+
+void KcLst::drawHead()
+{
+    ui->Lst->clear();
+    ui->Lst->addItems(
+        BalanceLines::head(m_grid, m_context.session.itemLabel, m_context.session.quantityLabel));
+    m_cmd[Export]->setEnabled(false);
+}
+
+double KcLst::readThreshold()
+{
+    const QString typed = ui->Txt->text();
+    if (typed.isEmpty())
+        return noQuantityCondition;
+    const double threshold = NumericValue(typed);
+    ui->Txt->setText(FormatQuantity(threshold));
+    return threshold;
+}
+
+void KcLst::runList()
+{
+    const Session& session = m_context.session;
+    Dialogs& dialogs = m_context.dialogs;
+    if (ui->Cmb->count() == 0) {
+        dialogs.inform(QStringLiteral("这个账本还没有录入任何记录，不能进行报表统计！"));
+        return;
+    }
+    const double threshold = readThreshold();
+    QString item = CleanInput(ui->Cmb->currentText());
+    if (item == AllItemsEntry(session.itemLabel))
+        item.clear();
+    m_lastStatement = BalanceStatement(session.ledgerId, item, ui->CmbGX1->currentIndex() == 1, m_sortClause);
+
+    setBusy(true);
+    std::optional<WaitCursor> hourglass(std::in_place);
+    YieldEvents();
+    const bool read = !m_context.db.RunQuery(m_lastStatement).isEmpty();
+    hourglass.reset();
+    setBusy(false);
+    if (!read) {
+        // The list the operator saw stays, so that a retry is one click away.
+        dialogs.inform(QStringLiteral("连接服务器失败，请重试！"), QStringLiteral("提示"));
+        return;
+    }
+
+    drawHead();
+    const ResultGrid& rows = m_context.db.grid();
+    const auto relation = QuantityRelation(ui->CmbGX2->currentIndex());
+    QStringList lines;
+    double sum = 0;
+    for (int i = 1; i < rows.rowLimit(); ++i) {
+        const QString name = rows.cell(i, 0);
+        const double total = NumericValue(rows.cell(i, 1));
+        if (name.isEmpty() || !PassesQuantityCondition(total, relation, threshold))
+            continue;
+        lines.append(BalanceLines::row(m_grid, name, total));
+        sum += total;
+    }
+    if (lines.isEmpty()) {
+        dialogs.inform(QStringLiteral("没有符合条件的数据！"));
+        return;
+    }
+    ui->Lst->addItems(lines + BalanceLines::closing(m_grid, sum));
+    m_cmd[Export]->setEnabled(true);
+}
+
+void KcLst::exportList()
+{
+    if (!hasRows()) {
+        m_context.dialogs.inform(QStringLiteral("请先【统计】出相关数据，再进行Excel导出操作！"));
+        return;
+    }
+    const QString path = AskExportFileName(m_context, windowTitle());
+    if (path.isEmpty())
+        return;
+    CsvFile file(path);
+    // The closing lines stay out of the file.
+    for (int i = 0; i < ui->Lst->count() - BalanceLines::closingCount; ++i) {
+        const QString line = ui->Lst->item(i)->text();
+        if (line.contains(bar))
+            file.writeLine(CsvLine(line, true));
+    }
+    ReportExport(m_context, path, file.finish());
+}
+
+void KcLst::drillDown(const QString& line)
+{
+    if (line.contains(QStringLiteral("合计：")) || !line.contains(bar))
+        return;
+    const QString cell = SplitCells(line).constFirst().trimmed();
+    if (cell.isEmpty())
+        return;
+    const QString item = FindListedItem(ui->Cmb, cell);
+    if (item.isEmpty())
+        return;
+    QString lastEntry;
+    {
+        const WaitCursor hourglass;
+        lastEntry = m_context.db.RunScalar(LastEntryStatement(m_context.session.ledgerId, item));
+    }
+    // From the first of January of the year of the last entry; the end of the period stays.
+    const QDate last = ParseDate(lastEntry, m_context.clock.today());
+    m_journal.drillDown(
+        item, {QString::number(last.year()), QStringLiteral("01"), QStringLiteral("01"), {}, {}}, {});
+}
+
+} // namespace lanzhou

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "AppContext.h"
+#include "TextGrid.h"
+
+#include <QWidget>
+
+#include <array>
+#include <memory>
+
+class QPushButton;
+
+namespace Ui {
+class KcLst;
+}
+
+namespace lanzhou {
+
+class JournalOpener;
+
+// The balance list (库存表): every item's total quantity, or the items the name condition selects,
+// kept when the total passes the quantity condition, closed by the sum of the totals. A double-click
+// on an item opens the journal on it from the first of January of the year of its last entry.
+class KcLst : public QWidget
+{
+    Q_OBJECT
+public:
+    // Indices of the command array.
+    enum Command : int
+    {
+        Run = 0,
+        Export = 1,
+        Close = 2
+    };
+
+    KcLst(const AppContext& context, JournalOpener& journal, QWidget* parent = nullptr);
+    ~KcLst() override;
+
+    void runCommand(int index);
+    // The statement the last run sent.
+    const QString& lastStatement() const { return m_lastStatement; }
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void runList();
+    // The threshold of the quantity condition from Txt, which is rewritten as a number.
+    double readThreshold();
+    void exportList();
+    void drillDown(const QString& line);
+    // Clears the list down to its head.
+    void drawHead();
+    // Whether the list holds a finished run: rows and their totals below the head.
+    bool hasRows() const;
+    void setBusy(bool busy);
+
+    std::unique_ptr<Ui::KcLst> ui;
+    AppContext m_context;
+    JournalOpener& m_journal;
+    TextGrid m_grid;
+    std::array<QPushButton*, 3> m_cmd{};
+    QString m_sortClause;
+    QString m_lastStatement;
+    bool m_busy = false;
+    bool m_fitted = false;
+};
+
+} // namespace lanzhou
