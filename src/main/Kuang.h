@@ -18,6 +18,7 @@ namespace lanzhou {
 
 class HzLst;
 class JournalOpener;
+class KcLst;
 
 // The main window: the local ledger list, opening a ledger, operator login and quick entry, served
 // by one post button `Cmd` whose action follows the panel shown; the menus open the other windows.
@@ -119,6 +120,7 @@ private:
     QMenu* m_helpMenu = nullptr;
     JournalOpener* m_journalOpener = nullptr;
     QPointer<HzLst> m_summary;
+    QPointer<KcLst> m_balanceList;
 };
 
 } // namespace lanzhou

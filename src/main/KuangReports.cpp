@@ -5,6 +5,7 @@
 
 #include "HzLst.h"
 #include "JournalOpener.h"
+#include "KcLst.h"
 #include "Rights.h"
 #include "Session.h"
 #include "WindowRules.h"
@@ -46,11 +47,18 @@ void Kuang::buildReportMenu()
         if (RequireRight(m_ctx, Right::Summary))
             showReport(m_summary, m_ctx, *m_journalOpener, this);
     });
+    QAction* balances = m_reportMenu->addAction(QString());
+    balances->setObjectName(QStringLiteral("Menu_SumSL"));
+    connect(balances, &QAction::triggered, this, [this] {
+        if (RequireRight(m_ctx, Right::BalanceList))
+            showReport(m_balanceList, m_ctx, *m_journalOpener, this);
+    });
     // The captions follow the ledger's labels, which change with the open ledger.
-    connect(m_reportMenu, &QMenu::aboutToShow, this, [this, journal, summary] {
+    connect(m_reportMenu, &QMenu::aboutToShow, this, [this, journal, summary, balances] {
         const Session& session = m_ctx.session;
         journal->setText(session.itemLabel + QStringLiteral("流水账"));
         summary->setText(session.itemLabel + QStringLiteral("汇总表"));
+        balances->setText(session.itemLabel + session.quantityLabel + QStringLiteral("表"));
     });
     connect(ui->CmdRpt, &QPushButton::clicked, this, [this] { popUnder(m_reportMenu, ui->CmdRpt); });
 }

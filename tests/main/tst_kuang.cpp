@@ -339,10 +339,17 @@ private slots:
         d.enter(u"螺丝"_s, u"+5"_s);
         QCOMPARE(lastMessage(t), (QStringList{u"提示"_s, u"对不起，您没有【记账】的权限！"_s}));
         QCOMPARE(d.text(u"Txt"_s), u"+5"_s);
-        d.chooseMenu(u"CmdRpt"_s, u"Menu_JxcMx"_s);
-        QCOMPARE(t.dialogs.lastText(), u"对不起，您无此权限！"_s);
-        QCOMPARE(d.w<QAction>(u"Menu_JxcMx"_s)->text(), u"物品流水账"_s);
-        QVERIFY(d.kuang->findChildren<QWidget*>(u"MxLst"_s).isEmpty());
+        // Rights 5, 6 and 7 refused: no report window opens.
+        relogin(u"1001000"_s);
+        t.dialogs.clear();
+        for (const QString& entry : {u"Menu_JxcMx"_s, u"Menu_JxcHZ"_s, u"Menu_SumSL"_s})
+            d.chooseMenu(u"CmdRpt"_s, entry);
+        QCOMPARE(t.dialogs.texts(), QStringList(3, u"对不起，您无此权限！"_s));
+        QCOMPARE(d.w<QAction>(u"Menu_JxcMx"_s)->text() + d.w<QAction>(u"Menu_JxcHZ"_s)->text() +
+                     d.w<QAction>(u"Menu_SumSL"_s)->text(),
+                 u"物品流水账物品汇总表物品存量表"_s);
+        for (const QString& window : {u"MxLst"_s, u"HzLst"_s, u"KcLst"_s})
+            QVERIFY(d.kuang->findChildren<QWidget*>(window).isEmpty());
         relogin(u"1101"_s);
         d.enter(u"螺丝"_s, u"-5"_s);
         QCOMPARE(lastMessage(t), (QStringList{QString(), u"对不起，您只能记录存量增加的账目！"_s}));
@@ -391,13 +398,17 @@ private slots:
         d.enter(u"垫片"_s, u"+1"_s);
         QCOMPARE(d.text(u"Lab4"_s), u"点击这里查看存量"_s);
 
-        // The journal opens once, in a window of its own, however often it is asked for.
-        d.chooseMenu(u"CmdRpt"_s, u"Menu_JxcMx"_s);
-        d.activate();
-        d.chooseMenu(u"CmdRpt"_s, u"Menu_JxcMx"_s);
-        const auto journals = d.kuang->findChildren<QWidget*>(u"MxLst"_s);
-        QCOMPARE(journals.size(), 1);
-        QVERIFY(journals.first()->isVisible() && journals.first()->isWindow());
+        // Each report opens once, in a window of its own, however often it is asked for.
+        for (const auto& [entry, window] : {std::pair{u"Menu_JxcMx"_s, u"MxLst"_s},
+                                            {u"Menu_JxcHZ"_s, u"HzLst"_s}, {u"Menu_SumSL"_s, u"KcLst"_s}}) {
+            d.chooseMenu(u"CmdRpt"_s, entry);
+            d.activate();
+            d.chooseMenu(u"CmdRpt"_s, entry);
+            d.activate();
+            const auto opened = d.kuang->findChildren<QWidget*>(window);
+            QCOMPARE(opened.size(), 1);
+            QVERIFY(opened.first()->isVisible() && opened.first()->isWindow());
+        }
     }
 
     // The item is exactly the typed text; leaving the box matches a whole item in any letter case, and a
