@@ -92,9 +92,10 @@ void peers(const QStringList&)
         // its decreases (the closing figure follows from them, as in the summary).
         {QStringLiteral("summary"),
          {{QStringLiteral("ledger"),
-           inShell(QStringLiteral("ledger -f %1 balance ^物品 --flat -e %2 >/dev/null && "
-                                  "ledger -f %1 balance ^物品 --flat -b %2 -e %3 --limit 'amount>=0' >/dev/null && "
-                                  "ledger -f %1 balance ^物品 --flat -b %2 -e %3 --limit 'amount<0' >/dev/null")
+           inShell(QStringLiteral(
+                       "ledger -f %1 balance ^物品 --flat -e %2 >/dev/null && "
+                       "ledger -f %1 balance ^物品 --flat -b %2 -e %3 --limit 'amount>=0' >/dev/null && "
+                       "ledger -f %1 balance ^物品 --flat -b %2 -e %3 --limit 'amount<0' >/dev/null")
                        .arg(journal, from, to))},
           {QStringLiteral("hledger"),
            inShell(QStringLiteral("hledger -f %1 balance 物品 -e %2 >/dev/null && "

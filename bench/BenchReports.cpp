@@ -3,6 +3,7 @@
 
 #include "HzLst.h"
 #include "JournalOpener.h"
+#include "KcLst.h"
 
 #include <QComboBox>
 #include <QListWidget>
@@ -45,7 +46,30 @@ void summary(const QStringList& backends)
     }
 }
 
-const Register reg(QStringLiteral("summary"), summary);
+// From pressing 统计 to the finished balance list of the same ledger: every item's total, with the
+// default condition (大于 0).
+void balanceList(const QStringList& backends)
+{
+    for (const QString& backend : backends) {
+        BenchLedger ledger(backend, LedgerShape());
+        AppContext context = ledger.t.context();
+        JournalOpener journal(context, nullptr);
+        KcLst window(context, journal);
+        window.show();
+        auto* run = window.findChild<QPushButton*>(QStringLiteral("Cmd_0"));
+        auto* lines = window.findChild<QListWidget*>(QStringLiteral("Lst"));
+        resetPeakMemory();
+        const double ms = medianMs(5, [&] {
+            run->click();
+            if (lines->count() < 3 + 3 + 100)
+                qFatal("balance list incomplete: %d lines", int(lines->count()));
+        });
+        printFigure(QStringLiteral("balance-list"), backend, ms, peakMemoryMiB());
+    }
+}
+
+const Register summaryBench(QStringLiteral("summary"), summary);
+const Register balanceListBench(QStringLiteral("balance-list"), balanceList);
 
 } // namespace
 

@@ -48,8 +48,9 @@ KcLst::KcLst(const AppContext& context, JournalOpener& journal, QWidget* parent)
     m_cmd = {ui->Cmd_0, ui->Cmd_1, ui->Cmd_2};
     for (int i = 0; i < int(m_cmd.size()); ++i)
         connect(m_cmd[i], &QPushButton::clicked, this, [this, i] { runCommand(i); });
+    // The head names the columns, not an item.
     connect(ui->Lst, &QListWidget::itemDoubleClicked, this, [this](QListWidgetItem* line) {
-        if (!m_busy)
+        if (!m_busy && ui->Lst->row(line) >= BalanceLines::headCount)
             drillDown(line->text());
     });
     drawHead();
@@ -205,11 +206,7 @@ void KcLst::drillDown(const QString& line)
     const QString item = FindListedItem(ui->Cmb, cell);
     if (item.isEmpty())
         return;
-    QString lastEntry;
-    {
-        const WaitCursor hourglass;
-        lastEntry = m_context.db.RunScalar(LastEntryStatement(m_context.session.ledgerId, item));
-    }
+    const QString lastEntry = m_context.db.RunScalar(LastEntryStatement(m_context.session.ledgerId, item));
     // From the first of January of the year of the last entry; the end of the period stays.
     const QDate last = ParseDate(lastEntry, m_context.clock.today());
     m_journal.drillDown(

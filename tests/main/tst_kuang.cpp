@@ -400,7 +400,8 @@ private slots:
 
         // Each report opens once, in a window of its own, however often it is asked for.
         for (const auto& [entry, window] : {std::pair{u"Menu_JxcMx"_s, u"MxLst"_s},
-                                            {u"Menu_JxcHZ"_s, u"HzLst"_s}, {u"Menu_SumSL"_s, u"KcLst"_s}}) {
+                                            {u"Menu_JxcHZ"_s, u"HzLst"_s},
+                                            {u"Menu_SumSL"_s, u"KcLst"_s}}) {
             d.chooseMenu(u"CmdRpt"_s, entry);
             d.activate();
             d.chooseMenu(u"CmdRpt"_s, entry);
