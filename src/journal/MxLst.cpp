@@ -16,7 +16,6 @@
 #include "WaitCursor.h"
 #include "WindowRules.h"
 
-#include <QCloseEvent>
 #include <QFontMetrics>
 
 #include <cmath>
@@ -25,7 +24,7 @@
 namespace lanzhou {
 
 MxLst::MxLst(const AppContext& context, QWidget* parent)
-    : QWidget(parent), ui(std::make_unique<Ui::MxLst>()), m_context(context), m_grid(TextGrid::listFont())
+    : ListWindow(parent), ui(std::make_unique<Ui::MxLst>()), m_context(context), m_grid(TextGrid::listFont())
 {
     ui->setupUi(this);
     setWindowTitle(m_context.session.itemLabel + QStringLiteral("流水账"));
@@ -63,17 +62,8 @@ MxLst::MxLst(const AppContext& context, QWidget* parent)
     });
 }
 
-MxLst::~MxLst()
-{
-    DetachHandlers(this);
-}
-
-void MxLst::showEvent(QShowEvent* event)
-{
-    QWidget::showEvent(event);
-    if (!std::exchange(m_fitted, true))
-        FitIntoScreen(this);
-}
+// Out of line, where the form's class is complete.
+MxLst::~MxLst() = default;
 
 void MxLst::fillFilters()
 {
@@ -132,26 +122,17 @@ JournalFilter MxLst::currentFilter() const
 
 void MxLst::setBusy(bool busy, const QString& caption)
 {
-    m_busy = busy;
+    markBusy(busy);
     ui->CmdWait->setText(caption);
     ui->CmdWait->setVisible(busy);
     for (QPushButton* button : m_cmd)
         button->setEnabled(!busy);
 }
 
-void MxLst::closeEvent(QCloseEvent* event)
-{
-    // The listing and bulk delete loops yield to the window; they must not lose it meanwhile.
-    if (m_busy)
-        event->ignore();
-    else
-        QWidget::closeEvent(event);
-}
-
 void MxLst::runCommand(int index)
 {
     // A double-click reaches here too while a listing is being built.
-    if (m_busy)
+    if (isBusy())
         return;
     const std::optional<Right> right = JournalCommandRight(index);
     if (right && !RequireRight(m_context, *right))

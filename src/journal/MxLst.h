@@ -1,10 +1,9 @@
 #pragma once
 
 #include "AppContext.h"
+#include "ListWindow.h"
 #include "PeriodLists.h"
 #include "TextGrid.h"
-
-#include <QWidget>
 
 #include <array>
 #include <memory>
@@ -23,7 +22,7 @@ class JournalLines;
 // The journal (流水账): the entries of a period, filtered by item, sign, remark and operator, as a
 // text table in Lst with each line's entry ID in the hidden Lst2; from here entries are modified,
 // deleted or added late through the entry editor, and the whole listing is exported or deleted.
-class MxLst : public QWidget
+class MxLst : public ListWindow
 {
     Q_OBJECT
 public:
@@ -41,10 +40,6 @@ public:
     void choosePeriod(const PeriodChoice& start, const PeriodChoice& end);
     // The statement the last query sent.
     const QString& lastStatement() const { return m_lastStatement; }
-
-protected:
-    void showEvent(QShowEvent* event) override;
-    void closeEvent(QCloseEvent* event) override;
 
 private:
     void fillFilters();
@@ -72,8 +67,6 @@ private:
     std::array<QPushButton*, 7> m_cmd{};
     QString m_lastStatement;
     int m_trackedRow = -1;
-    bool m_busy = false;
-    bool m_fitted = false;
 };
 
 } // namespace lanzhou

@@ -18,7 +18,6 @@
 #include "WaitCursor.h"
 #include "WindowRules.h"
 
-#include <QCloseEvent>
 #include <QGuiApplication>
 
 #include <optional>
@@ -45,7 +44,7 @@ const QChar bar(0x2502);
 } // namespace
 
 HzLst::HzLst(const AppContext& context, JournalOpener& journal, QWidget* parent)
-    : QWidget(parent), ui(std::make_unique<Ui::HzLst>()), m_context(context), m_journal(journal),
+    : ListWindow(parent), ui(std::make_unique<Ui::HzLst>()), m_context(context), m_journal(journal),
       m_grid(TextGrid::listFont())
 {
     ui->setupUi(this);
@@ -71,26 +70,8 @@ HzLst::HzLst(const AppContext& context, JournalOpener& journal, QWidget* parent)
             [this](QListWidgetItem* item) { drillDown(ui->Lst->row(item)); });
 }
 
-HzLst::~HzLst()
-{
-    DetachHandlers(this);
-}
-
-void HzLst::showEvent(QShowEvent* event)
-{
-    QWidget::showEvent(event);
-    if (!std::exchange(m_fitted, true))
-        FitIntoScreen(this);
-}
-
-void HzLst::closeEvent(QCloseEvent* event)
-{
-    // The run yields to the window; it must not lose its window meanwhile.
-    if (m_busy)
-        event->ignore();
-    else
-        QWidget::closeEvent(event);
-}
+// Out of line, where the form's class is complete.
+HzLst::~HzLst() = default;
 
 void HzLst::fillControls()
 {
@@ -109,7 +90,7 @@ void HzLst::fillControls()
 
 void HzLst::runCommand(int index)
 {
-    if (m_busy)
+    if (isBusy())
         return;
     switch (index) {
     case Run:
@@ -163,7 +144,7 @@ void HzLst::addFigures(const ItemFigures& figures)
 
 void HzLst::setWaiting(const QString& caption)
 {
-    m_busy = true;
+    markBusy(true);
     ui->CmdWait->setText(caption);
     ui->CmdWait->show();
     for (QPushButton* button : m_cmd)
@@ -172,7 +153,7 @@ void HzLst::setWaiting(const QString& caption)
 
 void HzLst::endWaiting()
 {
-    m_busy = false;
+    markBusy(false);
     ui->CmdWait->hide();
     ui->Cmd_0->setEnabled(true);
     ui->Cmd_2->setEnabled(true);

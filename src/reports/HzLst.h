@@ -1,10 +1,9 @@
 #pragma once
 
 #include "AppContext.h"
+#include "ListWindow.h"
 #include "PeriodLists.h"
 #include "TextGrid.h"
-
-#include <QWidget>
 
 #include <array>
 #include <memory>
@@ -23,7 +22,7 @@ struct ItemFigures;
 // The summary (汇总表): for every item, or the items a name condition selects, the opening quantity,
 // the increase, the decrease and the closing quantity over a period, with a totals line, drawn as a
 // text table. A double-click on an item's line opens the journal on that item and period.
-class HzLst : public QWidget
+class HzLst : public ListWindow
 {
     Q_OBJECT
 public:
@@ -32,10 +31,6 @@ public:
 
     // The command array: 0 runs the summary, 1 exports it, 2 closes the window.
     void runCommand(int index);
-
-protected:
-    void showEvent(QShowEvent* event) override;
-    void closeEvent(QCloseEvent* event) override;
 
 private:
     void fillControls();
@@ -61,8 +56,6 @@ private:
     // Running totals of the shown lines: opening, increase, decrease, closing.
     std::array<double, 4> m_totals{};
     int m_lastRow = -1;
-    bool m_busy = false;
-    bool m_fitted = false;
 };
 
 } // namespace lanzhou

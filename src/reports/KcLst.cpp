@@ -19,8 +19,6 @@
 #include "WaitCursor.h"
 #include "WindowRules.h"
 
-#include <QCloseEvent>
-
 #include <optional>
 
 namespace lanzhou {
@@ -32,7 +30,7 @@ const QChar bar(0x2502);
 } // namespace
 
 KcLst::KcLst(const AppContext& context, JournalOpener& journal, QWidget* parent)
-    : QWidget(parent), ui(std::make_unique<Ui::KcLst>()), m_context(context), m_journal(journal),
+    : ListWindow(parent), ui(std::make_unique<Ui::KcLst>()), m_context(context), m_journal(journal),
       m_grid(TextGrid::listFont()), m_sortClause(QStringLiteral(" order by Item "))
 {
     ui->setupUi(this);
@@ -50,36 +48,18 @@ KcLst::KcLst(const AppContext& context, JournalOpener& journal, QWidget* parent)
         connect(m_cmd[i], &QPushButton::clicked, this, [this, i] { runCommand(i); });
     // The head names the columns, not an item.
     connect(ui->Lst, &QListWidget::itemDoubleClicked, this, [this](QListWidgetItem* line) {
-        if (!m_busy && ui->Lst->row(line) >= BalanceLines::headCount)
+        if (!isBusy() && ui->Lst->row(line) >= BalanceLines::headCount)
             drillDown(line->text());
     });
     drawHead();
 }
 
-KcLst::~KcLst()
-{
-    DetachHandlers(this);
-}
-
-void KcLst::showEvent(QShowEvent* event)
-{
-    QWidget::showEvent(event);
-    if (!std::exchange(m_fitted, true))
-        FitIntoScreen(this);
-}
-
-void KcLst::closeEvent(QCloseEvent* event)
-{
-    // A run yields to the window while it reads; it must not lose its window meanwhile.
-    if (m_busy)
-        event->ignore();
-    else
-        QWidget::closeEvent(event);
-}
+// Out of line, where the form's class is complete.
+KcLst::~KcLst() = default;
 
 void KcLst::runCommand(int index)
 {
-    if (m_busy)
+    if (isBusy())
         return;
     switch (index) {
     case Run:
@@ -99,7 +79,7 @@ void KcLst::runCommand(int index)
 
 void KcLst::setBusy(bool busy)
 {
-    m_busy = busy;
+    markBusy(busy);
     ui->CmdWait->setText(busy ? QStringLiteral("正在读取数据，请稍候……") : QString());
     ui->CmdWait->setVisible(busy);
     for (QPushButton* button : m_cmd)

@@ -1,9 +1,8 @@
 #pragma once
 
 #include "AppContext.h"
+#include "ListWindow.h"
 #include "TextGrid.h"
-
-#include <QWidget>
 
 #include <array>
 #include <memory>
@@ -21,7 +20,7 @@ class JournalOpener;
 // The balance list (库存表): every item's total quantity, or the items the name condition selects,
 // kept when the total passes the quantity condition, closed by the sum of the totals. A double-click
 // on an item opens the journal on it from the first of January of the year of its last entry.
-class KcLst : public QWidget
+class KcLst : public ListWindow
 {
     Q_OBJECT
 public:
@@ -39,10 +38,6 @@ public:
     void runCommand(int index);
     // The statement the last run sent.
     const QString& lastStatement() const { return m_lastStatement; }
-
-protected:
-    void showEvent(QShowEvent* event) override;
-    void closeEvent(QCloseEvent* event) override;
 
 private:
     void runList();
@@ -63,8 +58,6 @@ private:
     std::array<QPushButton*, 3> m_cmd{};
     QString m_sortClause;
     QString m_lastStatement;
-    bool m_busy = false;
-    bool m_fitted = false;
 };
 
 } // namespace lanzhou

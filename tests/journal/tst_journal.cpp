@@ -55,15 +55,6 @@ bool insideScreen(QWidget* window)
     return window->screen()->availableGeometry().contains(window->frameGeometry());
 }
 
-// The trimmed cells of a line of the table, joined by "|" in place of its bars.
-QString cells(const QString& line)
-{
-    QStringList parts = line.split(QChar(0x2502));
-    for (QString& part : parts)
-        part = part.trimmed();
-    return parts.join(u'|');
-}
-
 // The journal of ledger L1 (物品, 存量) as 管理员 with all rights on 2026-11-15, shown. The sample
 // ledger: movements before, inside and after that day, a tombstoned entry, an entry of another
 // ledger, one item written in two letter cases, an item name too long for its column.
@@ -101,14 +92,7 @@ struct JournalWindow
     }
 
     // Every line of the table (Lst) or of the entry IDs behind its lines (Lst2).
-    QStringList lines(const QString& name = u"Lst"_s) const
-    {
-        QStringList texts;
-        auto* list = d.w<QListWidget>(name);
-        for (int i = 0; i < list->count(); ++i)
-            texts.append(list->item(i)->text());
-        return texts;
-    }
+    QStringList lines(const QString& name = u"Lst"_s) const { return d.lines(name); }
     // The entry IDs in listing order, joined by blanks.
     QString ids() const { return lines(u"Lst2"_s).join(u' ').simplified(); }
     int rowOf(const QString& id) const { return lines(u"Lst2"_s).indexOf(id); }
@@ -173,20 +157,20 @@ private slots:
         QCOMPARE(j.lines(u"Lst2"_s).join(u' '), u"     A02 A03 A12 A04 A05 A07 A09 A10    "_s);
         QVERIFY(d.w<QListWidget>(u"Lst2"_s)->isHidden());
         const QStringList shown = j.lines();
-        QCOMPARE(cells(shown.at(1)), u"操作员|时间|物品|增加|减少|存量|备注"_s);
-        QCOMPARE(cells(shown.at(6)), u"张三|2026-11-15 09:00|A型螺丝||2.5|107.5|计划外"_s);
+        QCOMPARE(CellTexts(shown.at(1)), u"操作员|时间|物品|增加|减少|存量|备注"_s);
+        QCOMPARE(CellTexts(shown.at(6)), u"张三|2026-11-15 09:00|A型螺丝||2.5|107.5|计划外"_s);
         QStringList amounts; // increase|decrease|balance of each entry
         for (int i = 5; i < 13; ++i)
-            amounts.append(cells(shown.at(i)).section(u'|', 3, 5));
+            amounts.append(CellTexts(shown.at(i)).section(u'|', 3, 5));
         // Zero is an increase; D型弹簧 and d型弹簧 are one item with one opening balance (5).
         QCOMPARE(amounts.join(u' '),
                  u"10||110 |2.5|107.5 |30.25|-18.25 0||-18.25 |4|-22.25 1.12345679||1.12345679 3||8 2||10"_s);
-        QCOMPARE(cells(shown.at(14)), u"||合计：|16.12345679|36.75|96.37345679|"_s);
+        QCOMPARE(CellTexts(shown.at(14)), u"||合计：|16.12345679|36.75|96.37345679|"_s);
         // The long item name is clipped at its column, the remark is not.
-        const QString longItem = cells(shown.at(10)).section(u'|', 2, 2),
+        const QString longItem = CellTexts(shown.at(10)).section(u'|', 2, 2),
                       longName = u"C型不锈钢加长垫圈（国标GB97.1规格M12）"_s;
         QVERIFY(longItem.size() < longName.size() && longName.startsWith(longItem));
-        QVERIFY(cells(shown.at(10))
+        QVERIFY(CellTexts(shown.at(10))
                     .endsWith(
                         u"|一条不会被截短的很长很长的备注，写到窗口之外，也能向右滚动看到它的最后一个字"_s));
         auto* list = d.w<QListWidget>(u"Lst"_s);
@@ -267,7 +251,7 @@ private slots:
         // Titles, entries and totals: three text cells, two amounts, the balance in balance mode, the remark.
         const QStringList shown = j.lines();
         for (qsizetype line : {qsizetype(1), qsizetype(5), shown.size() - 3})
-            QCOMPARE(cells(shown.at(line)).count(u'|'), balance ? 6 : 5);
+            QCOMPARE(CellTexts(shown.at(line)).count(u'|'), balance ? 6 : 5);
     }
 
     // A ledger without entries: the query refuses; the period lists keep the day inside the month. Opened

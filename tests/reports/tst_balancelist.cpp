@@ -44,14 +44,7 @@ struct BalanceWindow
         return t.context();
     }
 
-    QStringList lines() const
-    {
-        QStringList texts;
-        auto* list = d.w<QListWidget>(u"Lst"_s);
-        for (int i = 0; i < list->count(); ++i)
-            texts.append(list->item(i)->text());
-        return texts;
-    }
+    QStringList lines() const { return d.lines(u"Lst"_s); }
     // The rows and the totals below the column titles as "item=total", joined by ";".
     QString listed() const
     {

@@ -43,15 +43,6 @@ const QList<Move> moves = {
     {u"C型不锈钢加长垫圈（国标GB97.1规格M12）"_s, u"2026-11-05 09:00"_s, -1.25},
 };
 
-// The trimmed cells of a line, joined by "|" in place of its bars.
-QString cells(const QString& line)
-{
-    QStringList parts = line.split(QChar(0x2502));
-    for (QString& part : parts)
-        part = part.trimmed();
-    return parts.join(u'|');
-}
-
 // The summary of ledger L1 (物品, 存量) on 2026-11-15, with the moves above, a tombstone and another
 // ledger's entry that must not count.
 struct SummaryWindow
@@ -96,14 +87,7 @@ struct SummaryWindow
             .join(u'|');
     }
 
-    QStringList lines() const
-    {
-        QStringList texts;
-        auto* list = d.w<QListWidget>(u"Lst"_s);
-        for (int i = 0; i < list->count(); ++i)
-            texts.append(list->item(i)->text());
-        return texts;
-    }
+    QStringList lines() const { return d.lines(u"Lst"_s); }
     // The data lines' cells, one line per item: item|opening|increase|decrease|closing.
     QStringList dataLines() const
     {
@@ -111,7 +95,7 @@ struct SummaryWindow
         const QStringList all = lines();
         for (qsizetype i = 3; i < all.size(); ++i)
             if (all.at(i).contains(QChar(0x2502)) && !all.at(i).contains(u"合计："_s))
-                data.append(cells(all.at(i)).chopped(1));
+                data.append(CellTexts(all.at(i)).chopped(1));
         return data;
     }
     bool exportEnabled() const { return d.w<QWidget>(u"Cmd_1"_s)->isEnabled(); }
@@ -153,8 +137,8 @@ private slots:
             QCOMPARE(data.at(i - 2).section(u'|', 1), SummaryWindow::expected(item));
         }
         const QStringList all = s.lines();
-        QCOMPARE(cells(all.at(1)), u"物品|期初存量|增加|减少|期末存量|"_s);
-        QCOMPARE(cells(all.at(all.size() - 2)), u"合计：|98|20|3.75|114.25|"_s);
+        QCOMPARE(CellTexts(all.at(1)), u"物品|期初存量|增加|减少|期末存量|"_s);
+        QCOMPARE(CellTexts(all.at(all.size() - 2)), u"合计：|98|20|3.75|114.25|"_s);
         for (qsizetype i = 4; i < all.size() - 2; i += 2)
             QVERIFY2(all.at(i).startsWith(QChar(0x2500)), qPrintable(all.at(i)));
         QVERIFY(s.exportEnabled() && d.w<QWidget>(u"CmdWait"_s)->isHidden());
@@ -233,7 +217,7 @@ private slots:
         QStringList written = QString::fromUtf8(file.readAll()).split(u"\r\n"_s);
         QCOMPARE(written.takeLast(), QString());
         for (QString& line : written)
-            line = cells(line.replace(u',', QChar(0x2502)));
+            line = CellTexts(line.replace(u',', QChar(0x2502)));
         QCOMPARE(written, (QStringList{u"物品|期初存量|增加|减少|期末存量|"_s, u"A型螺丝|100|15|2.5|112.5|"_s,
                                        u"B型螺母|-2|2|0|0|"_s, u"合计：|98|17|2.5|112.5|"_s}));
         QCOMPARE(s.t.dialogs.shown().at(0).title, u"物品汇总表 导出到Excel文件"_s);

@@ -19,6 +19,23 @@ void WindowDriver::missing(const QString& what) const
            qPrintable(what));
 }
 
+QStringList WindowDriver::lines(const QString& listName) const
+{
+    QStringList texts;
+    auto* list = w<QListWidget>(listName);
+    for (int i = 0; i < list->count(); ++i)
+        texts.append(list->item(i)->text());
+    return texts;
+}
+
+QString CellTexts(const QString& line)
+{
+    QStringList cells = line.split(QChar(0x2502));
+    for (QString& cell : cells)
+        cell = cell.trimmed();
+    return cells.join(u'|');
+}
+
 QString WindowDriver::text(const QString& name) const
 {
     QWidget* control = w<QWidget>(name);

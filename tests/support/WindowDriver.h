@@ -2,6 +2,7 @@
 
 #include <QPointer>
 #include <QString>
+#include <QStringList>
 #include <QWidget>
 
 namespace lanzhou::test {
@@ -25,6 +26,8 @@ public:
     }
     // The text of a label, button, line box or combo box.
     QString text(const QString& name) const;
+    // Every line of a list box.
+    QStringList lines(const QString& listName) const;
 
     // Makes the window the active one again, as after a dialog or another window closed.
     void activate() const;
@@ -46,6 +49,9 @@ private:
 
     QPointer<QWidget> m_window;
 };
+
+// The trimmed cells of a drawn table line, joined by "|" in place of its bars.
+QString CellTexts(const QString& line);
 
 // Types text key by key, as a keyboard (or an input method, for Chinese) would; a character outside
 // the basic plane arrives as one key.
