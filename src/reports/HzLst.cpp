@@ -26,13 +26,6 @@ namespace lanzhou {
 
 namespace {
 
-enum Command
-{
-    Run = 0,
-    Export = 1,
-    Close = 2
-};
-
 // Column widths in twips: the item, then opening, increase, decrease and closing.
 constexpr int itemWidth = 3000;
 constexpr int figureWidth = 1000;
@@ -44,7 +37,7 @@ const QChar bar(0x2502);
 } // namespace
 
 HzLst::HzLst(const AppContext& context, JournalOpener& journal, QWidget* parent)
-    : ListWindow(parent), ui(std::make_unique<Ui::HzLst>()), m_context(context), m_journal(journal),
+    : ReportWindow(context, parent), ui(std::make_unique<Ui::HzLst>()), m_journal(journal),
       m_grid(TextGrid::listFont())
 {
     ui->setupUi(this);
@@ -62,9 +55,7 @@ HzLst::HzLst(const AppContext& context, JournalOpener& journal, QWidget* parent)
     ClampDayOnChange(m_end);
     drawHead();
 
-    m_cmd = {ui->Cmd_0, ui->Cmd_1, ui->Cmd_2};
-    for (int i = 0; i < int(m_cmd.size()); ++i)
-        connect(m_cmd[i], &QPushButton::clicked, this, [this, i] { runCommand(i); });
+    setCommandButtons({ui->Cmd_0, ui->Cmd_1, ui->Cmd_2});
     connect(ui->Lst, &QListWidget::currentRowChanged, this, &HzLst::stepOffRule);
     connect(ui->Lst, &QListWidget::itemDoubleClicked, this,
             [this](QListWidgetItem* item) { drillDown(ui->Lst->row(item)); });
@@ -86,26 +77,6 @@ void HzLst::fillControls()
     FillPeriodLists(m_end, today.year());
     SelectPeriod(m_start, today.year(), today.month(), 1, 0, 0);
     SelectPeriod(m_end, today.year(), today.month(), today.day(), 23, 59);
-}
-
-void HzLst::runCommand(int index)
-{
-    if (isBusy())
-        return;
-    switch (index) {
-    case Run:
-        runSummary();
-        break;
-    case Export:
-        if (RequireRight(m_context, Right::Export))
-            exportSummary();
-        break;
-    case Close:
-        close();
-        break;
-    default:
-        break;
-    }
 }
 
 void HzLst::drawHead()
@@ -159,7 +130,7 @@ void HzLst::endWaiting()
     ui->Cmd_2->setEnabled(true);
 }
 
-void HzLst::runSummary()
+void HzLst::runReport()
 {
     Dialogs& dialogs = m_context.dialogs;
     const QString& itemLabel = m_context.session.itemLabel;
@@ -230,7 +201,7 @@ void HzLst::runSummary()
     ui->Cmd_1->setEnabled(true);
 }
 
-void HzLst::exportSummary()
+void HzLst::exportReport()
 {
     const QString path = AskExportFileName(m_context, windowTitle());
     if (path.isEmpty())

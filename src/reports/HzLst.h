@@ -1,8 +1,7 @@
 #pragma once
 
-#include "AppContext.h"
-#include "ListWindow.h"
 #include "PeriodLists.h"
+#include "ReportWindow.h"
 #include "TextGrid.h"
 
 #include <array>
@@ -22,37 +21,32 @@ struct ItemFigures;
 // The summary (汇总表): for every item, or the items a name condition selects, the opening quantity,
 // the increase, the decrease and the closing quantity over a period, with a totals line, drawn as a
 // text table. A double-click on an item's line opens the journal on that item and period.
-class HzLst : public ListWindow
+class HzLst : public ReportWindow
 {
     Q_OBJECT
 public:
     HzLst(const AppContext& context, JournalOpener& journal, QWidget* parent = nullptr);
     ~HzLst() override;
 
-    // The command array: 0 runs the summary, 1 exports it, 2 closes the window.
-    void runCommand(int index);
-
 private:
     void fillControls();
-    void runSummary();
+    void runReport() override;
     // Clears the list down to the head of the table and disables the export.
     void drawHead();
     void addLine(const QString& line);
     void addFigures(const ItemFigures& figures);
     void setWaiting(const QString& caption);
     void endWaiting();
-    void exportSummary();
+    void exportReport() override;
     // Keeps the selection off the rules: it moves on in the direction it came from.
     void stepOffRule(int row);
     void drillDown(int row);
 
     std::unique_ptr<Ui::HzLst> ui;
-    AppContext m_context;
     JournalOpener& m_journal;
     TextGrid m_grid;
     PeriodLists m_start;
     PeriodLists m_end;
-    std::array<QPushButton*, 3> m_cmd{};
     // Running totals of the shown lines: opening, increase, decrease, closing.
     std::array<double, 4> m_totals{};
     int m_lastRow = -1;

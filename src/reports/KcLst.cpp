@@ -30,7 +30,7 @@ const QChar bar(0x2502);
 } // namespace
 
 KcLst::KcLst(const AppContext& context, JournalOpener& journal, QWidget* parent)
-    : ListWindow(parent), ui(std::make_unique<Ui::KcLst>()), m_context(context), m_journal(journal),
+    : ReportWindow(context, parent), ui(std::make_unique<Ui::KcLst>()), m_journal(journal),
       m_grid(TextGrid::listFont()), m_sortClause(QStringLiteral(" order by Item "))
 {
     ui->setupUi(this);
@@ -43,9 +43,7 @@ KcLst::KcLst(const AppContext& context, JournalOpener& journal, QWidget* parent)
     ui->Lst->setFont(TextGrid::listFont());
     ui->CmdWait->hide();
 
-    m_cmd = {ui->Cmd_0, ui->Cmd_1, ui->Cmd_2};
-    for (int i = 0; i < int(m_cmd.size()); ++i)
-        connect(m_cmd[i], &QPushButton::clicked, this, [this, i] { runCommand(i); });
+    setCommandButtons({ui->Cmd_0, ui->Cmd_1, ui->Cmd_2});
     // The head names the columns, not an item.
     connect(ui->Lst, &QListWidget::itemDoubleClicked, this, [this](QListWidgetItem* line) {
         if (!isBusy() && ui->Lst->row(line) >= BalanceLines::headCount)
@@ -56,26 +54,6 @@ KcLst::KcLst(const AppContext& context, JournalOpener& journal, QWidget* parent)
 
 // Out of line, where the form's class is complete.
 KcLst::~KcLst() = default;
-
-void KcLst::runCommand(int index)
-{
-    if (isBusy())
-        return;
-    switch (index) {
-    case Run:
-        runList();
-        break;
-    case Export:
-        if (RequireRight(m_context, Right::Export))
-            exportList();
-        break;
-    case Close:
-        close();
-        break;
-    default:
-        break;
-    }
-}
 
 void KcLst::setBusy(bool busy)
 {
@@ -110,7 +88,7 @@ double KcLst::readThreshold()
     return threshold;
 }
 
-void KcLst::runList()
+void KcLst::runReport()
 {
     const Session& session = m_context.session;
     Dialogs& dialogs = m_context.dialogs;
@@ -157,7 +135,7 @@ void KcLst::runList()
     m_cmd[Export]->setEnabled(true);
 }
 
-void KcLst::exportList()
+void KcLst::exportReport()
 {
     if (!hasRows()) {
         m_context.dialogs.inform(QStringLiteral("请先【统计】出相关数据，再进行Excel导出操作！"));

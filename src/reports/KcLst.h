@@ -1,7 +1,6 @@
 #pragma once
 
-#include "AppContext.h"
-#include "ListWindow.h"
+#include "ReportWindow.h"
 #include "TextGrid.h"
 
 #include <array>
@@ -20,30 +19,21 @@ class JournalOpener;
 // The balance list (库存表): every item's total quantity, or the items the name condition selects,
 // kept when the total passes the quantity condition, closed by the sum of the totals. A double-click
 // on an item opens the journal on it from the first of January of the year of its last entry.
-class KcLst : public ListWindow
+class KcLst : public ReportWindow
 {
     Q_OBJECT
 public:
-    // Indices of the command array.
-    enum Command : int
-    {
-        Run = 0,
-        Export = 1,
-        Close = 2
-    };
-
     KcLst(const AppContext& context, JournalOpener& journal, QWidget* parent = nullptr);
     ~KcLst() override;
 
-    void runCommand(int index);
     // The statement the last run sent.
     const QString& lastStatement() const { return m_lastStatement; }
 
 private:
-    void runList();
+    void runReport() override;
     // The threshold of the quantity condition from Txt, which is rewritten as a number.
     double readThreshold();
-    void exportList();
+    void exportReport() override;
     void drillDown(const QString& line);
     // Clears the list down to its head.
     void drawHead();
@@ -52,10 +42,8 @@ private:
     void setBusy(bool busy);
 
     std::unique_ptr<Ui::KcLst> ui;
-    AppContext m_context;
     JournalOpener& m_journal;
     TextGrid m_grid;
-    std::array<QPushButton*, 3> m_cmd{};
     QString m_sortClause;
     QString m_lastStatement;
 };
