@@ -8,7 +8,7 @@ namespace lanzhou {
 
 namespace {
 
-constexpr qsizetype itemsPerBatch = 100;
+constexpr qsizetype itemsPerBatch = 200;
 
 } // namespace
 

@@ -34,8 +34,9 @@ QStringList SummaryStatements(const QString& ledgerId, const QString& item, cons
 QStringList SelectSummaryItems(const QStringList& listed, const QString& condition, bool contains);
 
 // Reads the figures of the items and hands each to `onItem` in order. The reads go to the server in
-// batches of a hundred items, so a slow link costs a round trip per batch rather than three per item;
-// a failed read counts as 0. Answers how many reads failed.
+// batches of two hundred items, so a slow link costs a few round trips per batch rather than three per
+// item, and the window still shows progress between batches; a failed read counts as 0. Answers how
+// many reads failed.
 int ReadSummaryFigures(Database& db, const QString& ledgerId, const QStringList& items, const QString& start,
                        const QString& end, const std::function<void(const ItemFigures&)>& onItem);
 
