@@ -160,6 +160,34 @@ private slots:
         QCOMPARE(s.dataLines().size(), 2);
     }
 
+    // More items than one batch of reads holds: each keeps its own figures across the batches.
+    void manyItems_data() { addBackendRows(); }
+    void manyItems()
+    {
+        QFETCH(QString, backend);
+        TestContext t(backend);
+        t.openLedger(u"L1"_s, u"五金仓库"_s);
+        t.session.serverDateText = u"2026-11-15"_s;
+        QStringList rows, expected;
+        for (int i = 1; i <= 205; ++i) {
+            const QString item = u"I%1"_s.arg(i, 3, 10, QLatin1Char('0'));
+            rows.append(u"('L1','管理员','2026-11-02 08:00','%1','%1',%2,'')"_s.arg(item).arg(i));
+            expected.append(item + u"|0|%1|0|%1"_s.arg(i));
+        }
+        t.exec(u"insert into Zhang (ZBID,USR,TM,ID,ITEM,SL,BZ) values "_s + rows.join(u','));
+        AppContext context = t.context();
+        JournalOpener journal(context, nullptr);
+        HzLst window(context, journal);
+        WindowDriver d(&window);
+        d.click(u"Cmd_0"_s);
+        QStringList shown;
+        for (const QString& line : d.lines(u"Lst"_s))
+            if (line.startsWith(u'I'))
+                shown.append(CellTexts(line).chopped(1));
+        shown.sort(); // in the order the server groups the items
+        QCOMPARE(shown, expected);
+    }
+
     // Item conditions: typed text, how it is matched, the items reported or the message shown.
     void conditions_data()
     {
