@@ -87,8 +87,8 @@ void JournalLines::addTotals(double increase, double decrease, double grandBalan
     add(line);
 }
 
-void FillJournal(JournalLines& lines, const ResultGrid& rows, Database& db, const QString& ledgerId,
-                 const QString& periodStart, const JournalProgress& progress)
+int FillJournal(JournalLines& lines, const ResultGrid& rows, Database& db, const QString& ledgerId,
+                const QString& periodStart, const JournalProgress& progress)
 {
     lines.addHeading();
     lines.addRule(JournalLines::Rule::Framed);
@@ -104,7 +104,8 @@ void FillJournal(JournalLines& lines, const ResultGrid& rows, Database& db, cons
     for (int i = 1; lines.balanceMode() && i < rows.rowLimit(); ++i)
         if (startsItem(i))
             openingReads.append(OpeningBalanceStatement(ledgerId, rows.cell(i, 3), periodStart));
-    const QStringList openings = db.RunBatch(openingReads);
+    int failures = 0;
+    const QStringList openings = db.RunBatch(openingReads, &failures);
 
     double increase = 0;
     double decrease = 0;
@@ -137,6 +138,7 @@ void FillJournal(JournalLines& lines, const ResultGrid& rows, Database& db, cons
     lines.addRule(JournalLines::Rule::Single);
     lines.addTotals(increase, decrease, grandBalance);
     lines.addRule(JournalLines::Rule::Framed);
+    return failures;
 }
 
 } // namespace lanzhou

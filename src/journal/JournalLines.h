@@ -56,8 +56,8 @@ using JournalProgress = std::function<void(const QString& caption)>;
 
 // Builds the listing from the rows of the journal statement (row 0 the field names; fields id, usr,
 // tm, item, sl, bz). In balance mode each item starts from its balance before the period, read
-// from the database.
-void FillJournal(JournalLines& lines, const ResultGrid& rows, Database& db, const QString& ledgerId,
-                 const QString& periodStart, const JournalProgress& progress);
+// from the database; answers how many of those reads failed.
+int FillJournal(JournalLines& lines, const ResultGrid& rows, Database& db, const QString& ledgerId,
+                const QString& periodStart, const JournalProgress& progress);
 
 } // namespace lanzhou

@@ -194,13 +194,19 @@ void MxLst::runQuery()
                        statement.balanceMode);
     // The caption follows every row; the window repaints it as the pace allows.
     PacedYield paced;
-    FillJournal(lines, rows, db, filter.ledgerId, filter.periodStart, [&](const QString& caption) {
-        ui->CmdWait->setText(caption);
-        paced();
-    });
-    showListing(lines);
+    const int failedReads =
+        FillJournal(lines, rows, db, filter.ledgerId, filter.periodStart, [&](const QString& caption) {
+            ui->CmdWait->setText(caption);
+            paced();
+        });
     hourglass.reset();
     setBusy(false);
+    // Opening balances that could not be read would make every balance after them wrong.
+    if (failedReads > 0) {
+        dialogs.inform(QStringLiteral("连接服务器失败，请重试！"));
+        return;
+    }
+    showListing(lines);
 }
 
 void MxLst::clearListing()

@@ -158,6 +158,13 @@ private slots:
         QVERIFY(!s.exportEnabled() && d.w<QWidget>(u"Cmd_0"_s)->isEnabled());
         d.click(u"Cmd_0"_s);
         QCOMPARE(s.dataLines().size(), 2);
+
+        // The journal (drilled into from the summary) and the summary take turns on one kept link.
+        d.doubleClickLine(u"Lst"_s, 3);
+        QCOMPARE(s.journal.open()->lastStatement().count(u"Item='A型螺丝'"_s), 1);
+        d.click(u"Cmd_0"_s);
+        QCOMPARE(s.dataLines().size(), 2);
+        QCOMPARE(s.t.db->openLinks(), 1);
     }
 
     // More items than one batch of reads holds: each keeps its own figures across the batches.
