@@ -66,7 +66,8 @@ Database::Database(DbConfig config) : m_config(std::move(config)), m_dialect(Ser
             dialect->linkOpened(db);
             return true;
         },
-        [dialect](QSqlDatabase& db) { return dialect->linkAlive(db); }, dialect->idleLimitMs());
+        [dialect](QSqlDatabase& db, qint64 idleMs) { return dialect->linkAlive(db, idleMs); },
+        dialect->idleLimitMs());
 }
 
 Database::~Database() = default;

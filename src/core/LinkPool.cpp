@@ -6,8 +6,8 @@
 
 namespace lanzhou {
 
-LinkPool::LinkPool(const QString& qtDriver, std::function<bool(QSqlDatabase&)> open,
-                   std::function<bool(QSqlDatabase&)> alive, int idleLimitMs)
+LinkPool::LinkPool(const QString& qtDriver, std::function<bool(QSqlDatabase&)> open, AliveCheck alive,
+                   int idleLimitMs)
     : m_driver(qtDriver), m_open(std::move(open)), m_alive(std::move(alive)), m_idleLimitMs(idleLimitMs)
 {
     static std::atomic<quint64> pools{0};
@@ -27,9 +27,10 @@ QString LinkPool::take(bool* reused)
     closeIdleLinks();
     // The most recently used link first: it is the one most likely still alive.
     while (!m_idle.isEmpty()) {
-        const QString link = m_idle.takeLast().link;
+        const Idle idle = m_idle.takeLast();
+        const QString& link = idle.link;
         QSqlDatabase db = QSqlDatabase::database(link, false);
-        if (db.isOpen() && m_alive(db)) {
+        if (db.isOpen() && m_alive(db, idle.since.elapsed())) {
             ++m_taken;
             if (reused)
                 *reused = true;

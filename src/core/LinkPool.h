@@ -19,10 +19,12 @@ class LinkPool : public QObject
 {
     Q_OBJECT
 public:
-    // `open` sets up and opens a new link of the Qt driver; `alive` tells whether an idle link can
-    // still be used. An idle limit below 0 keeps idle links open until the pool goes.
-    LinkPool(const QString& qtDriver, std::function<bool(QSqlDatabase&)> open,
-             std::function<bool(QSqlDatabase&)> alive, int idleLimitMs);
+    // `open` sets up and opens a new link of the Qt driver; `alive` tells whether a link idle for so
+    // many milliseconds can still be used. An idle limit below 0 keeps idle links open until the pool
+    // goes.
+    using AliveCheck = std::function<bool(QSqlDatabase&, qint64 idleMs)>;
+    LinkPool(const QString& qtDriver, std::function<bool(QSqlDatabase&)> open, AliveCheck alive,
+             int idleLimitMs);
     ~LinkPool() override;
 
     // The name of an open link, or the empty text when none could be opened. `reused` says whether
@@ -44,7 +46,7 @@ private:
     };
     QString m_driver;
     std::function<bool(QSqlDatabase&)> m_open;
-    std::function<bool(QSqlDatabase&)> m_alive;
+    AliveCheck m_alive;
     int m_idleLimitMs;
     QList<Idle> m_idle;
     int m_taken = 0;

@@ -7,6 +7,7 @@
 #include <QRegularExpression>
 #include <QSqlDatabase>
 #include <QSqlDriver>
+#include <QSqlQuery>
 
 #include <QHash>
 
@@ -50,7 +51,7 @@ public:
     {
         m_files.insert(db.connectionName(), fileIdentity(db.databaseName()));
     }
-    bool linkAlive(QSqlDatabase& db) const override
+    bool linkAlive(QSqlDatabase& db, qint64) const override
     {
         const auto identity = fileIdentity(db.databaseName());
         return identity && identity == m_files.value(db.connectionName());
@@ -183,7 +184,7 @@ public:
     bool checksLinks() const override { return true; }
     // An idle link has nothing to read: when its socket is readable or closed, the server has ended
     // the session (a restart, a time-out) and the link is dead.
-    bool linkAlive(QSqlDatabase& db) const override
+    bool linkAlive(QSqlDatabase& db, qint64) const override
     {
         PGconn* connection = libpqConnection(db);
         if (!connection)
@@ -221,8 +222,16 @@ public:
             return statement;
         return rewriteTopAndGetdate(statement, QStringLiteral("LOCALTIMESTAMP(0)"));
     }
+    // ODBC cannot tell a dead link without asking the server, and a write sent on one cannot be
+    // repeated: a link that has rested is asked once before it carries the next statement. Statements
+    // in quick succession are not slowed down.
+    bool linkAlive(QSqlDatabase& db, qint64 idleMs) const override
+    {
+        return idleMs < restedMs || QSqlQuery(db).exec(QStringLiteral("select 1"));
+    }
 
 private:
+    static constexpr qint64 restedMs = 1000;
     bool m_postgres;
 };
 
@@ -274,7 +283,7 @@ PlainConnection Unscramble(const DbConfig& c)
             c.port,           c.odbcDriver,   c.sslMode};
 }
 
-bool ServerDialect::linkAlive(QSqlDatabase&) const
+bool ServerDialect::linkAlive(QSqlDatabase&, qint64) const
 {
     return true;
 }

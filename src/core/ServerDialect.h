@@ -38,10 +38,10 @@ public:
     virtual void configure(QSqlDatabase& db, const PlainConnection& params) const = 0;
     virtual QString rewrite(const QString& statement) const = 0;
     // Whether the kind can tell, without asking the server, that a link can still carry a statement;
-    // and whether it can. Where it cannot tell, a link is dropped after any failure and a read that
-    // failed on a kept link runs once more on a new one.
+    // and whether a link, idle for so many milliseconds, can. Where the kind cannot tell, a link is
+    // dropped after any failure and a read that failed on a kept link runs once more on a new one.
     virtual bool checksLinks() const { return false; }
-    virtual bool linkAlive(QSqlDatabase& db) const;
+    virtual bool linkAlive(QSqlDatabase& db, qint64 idleMs = 0) const;
     // Runs single-value statements (already rewritten) over one link in as few round trips as the
     // kind allows, each answered as a single-value read is: its first value ("OK" for a write), or
     // nothing when it failed. Nothing at all when the kind has no such way or the link broke on the
