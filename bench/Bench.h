@@ -1,8 +1,10 @@
 #pragma once
 
+#include <QComboBox>
 #include <QElapsedTimer>
 #include <QList>
 #include <QString>
+#include <QWidget>
 
 #include <algorithm>
 #include <functional>
@@ -36,6 +38,13 @@ inline double medianMs(int runs, const std::function<void()>& fn)
     }
     std::sort(times.begin(), times.end());
     return times.at(times.size() / 2);
+}
+
+// Chooses an entry of a window's named list, as a pick would.
+inline void pick(QWidget& window, const QString& name, const QString& text)
+{
+    auto* list = window.findChild<QComboBox*>(name);
+    list->setCurrentIndex(list->findText(text));
 }
 
 // One figure: "BENCH <name> <backend> median_ms=<x> peak_rss_mib=<y>". Figures are remembered for

@@ -11,12 +11,6 @@ namespace lanzhou::bench {
 
 namespace {
 
-void pick(MxLst& journal, const QString& name, const QString& text)
-{
-    auto* list = journal.findChild<QComboBox*>(name);
-    list->setCurrentIndex(list->findText(text));
-}
-
 // From pressing 统计 to the finished listing of one year of a ledger of 100,000 entries over
 // 1,000 items and three years (about a third of them listed), with the running balance (sorted by
 // item) and sorted by time; and the peak memory meanwhile.
