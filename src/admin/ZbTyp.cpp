@@ -61,7 +61,7 @@ QString promptTitle()
 
 ZbTyp::ZbTyp(const AppContext& context, LedgerList& ledgers, Mode mode, QWidget* parent)
     : QDialog(parent), m_ui(std::make_unique<Ui::ZbTyp>()), m_context(context), m_ledgers(ledgers),
-      m_mode(mode), m_openLedgerName(context.session.ledgerName)
+      m_mode(mode), m_openLedgerName(context.session.ledgerName())
 {
     m_ui->setupUi(this);
     m_frm = {m_ui->Frm_0, m_ui->Frm_1, m_ui->Frm_2};
@@ -79,8 +79,8 @@ ZbTyp::ZbTyp(const AppContext& context, LedgerList& ledgers, Mode mode, QWidget*
     for (const int closer : {1, 2, 4})
         connect(m_cmd[closer], &QPushButton::clicked, this, &QDialog::reject);
 
-    m_txt[0]->setText(m_context.session.itemLabel);
-    m_txt[1]->setText(m_context.session.quantityLabel);
+    m_txt[0]->setText(m_context.session.itemLabel());
+    m_txt[1]->setText(m_context.session.quantityLabel());
     // In the list font a blank is half a character wide, so the custom type's blanks hold its keywords.
     for (QRadioButton* option : std::as_const(m_opt))
         option->setFont(TextGrid::listFont());
@@ -101,15 +101,15 @@ ZbTyp::ZbTyp(const AppContext& context, LedgerList& ledgers, Mode mode, QWidget*
         break;
     case Mode::TypeSettings:
         setWindowTitle(QStringLiteral("账本设置"));
-        m_ui->TxtZbID->setText(m_context.session.ledgerId);
-        m_ui->TxtZbNm->setText(m_context.session.ledgerName);
+        m_ui->TxtZbID->setText(m_context.session.ledgerId());
+        m_ui->TxtZbNm->setText(m_context.session.ledgerName());
         presetTypeOption();
         showFrame(TypeFrame);
         break;
     case Mode::NameOnly:
         setWindowTitle(QStringLiteral("账本名称"));
-        m_ui->TxtZbID->setText(m_context.session.ledgerId);
-        m_ui->TxtZbNm->setText(m_context.session.ledgerName);
+        m_ui->TxtZbID->setText(m_context.session.ledgerId());
+        m_ui->TxtZbNm->setText(m_context.session.ledgerName());
         showFrame(NameFrame);
         break;
     }
@@ -191,7 +191,7 @@ void ZbTyp::lookUpContact()
     // No ledger under this contact yet: go on to register one.
     m_registering = true;
     Session& session = m_context.session;
-    session.ledgerId = id;
+    session.setLedgerId(id);
     m_ui->TxtZbNm->setText(m_openLedgerName.isEmpty() ? QStringLiteral("我的云账本")
                                                       : QStringLiteral("新建") + m_openLedgerName);
     showFrame(NameFrame);
@@ -205,7 +205,7 @@ void ZbTyp::acceptName()
         m_context.dialogs.inform(nameInfoText());
         return;
     }
-    m_context.session.ledgerName = name;
+    m_context.session.setLedgerName(name);
     if (m_mode == Mode::NameOnly)
         finishOk();
     else
@@ -242,9 +242,7 @@ void ZbTyp::saveType()
     if (!pickedLabels(itemLabel, quantityLabel))
         return;
     if (m_registering) {
-        Session& session = m_context.session;
-        session.itemLabel = itemLabel;
-        session.quantityLabel = quantityLabel;
+        m_context.session.setLabels(itemLabel, quantityLabel);
         if (registerLedger())
             finishOk();
     } else if (updateSettings(itemLabel, quantityLabel)) {
@@ -259,22 +257,22 @@ bool ZbTyp::registerLedger()
     const QString today = ServerDate(db, session, m_context.clock);
     const QString inserted = db.RunQuery(
         QStringLiteral("insert into Zblst (ZBid,ZbNm,Item,SL,Bz,BgDate,NdDate,MB,SalesMan,Msg) values ('") +
-        session.ledgerId + QStringLiteral("','") + session.ledgerName + QStringLiteral("','") +
-        session.itemLabel + QStringLiteral("','") + session.quantityLabel + QStringLiteral("','自已注册','") +
+        session.ledgerId() + QStringLiteral("','") + session.ledgerName() + QStringLiteral("','") +
+        session.itemLabel() + QStringLiteral("','") + session.quantityLabel() + QStringLiteral("','自已注册','") +
         today + QStringLiteral("','','','','您好！')"));
     if (inserted != QLatin1String("OK")) {
         m_context.dialogs.inform(QStringLiteral("注册新账本失败，请检查网络连接是否正常，然后重试！"),
                                  promptTitle());
         // Start again from the contact, as nothing was registered.
-        session.itemLabel.clear();
+        session.setLabels(QString(), session.quantityLabel());
         showFrame(ContactFrame);
         return false;
     }
     // The first operator has no password and no rights string, which grants him every right.
-    db.RunQuery(QStringLiteral("insert into UsrLst (Zbid,Usr,Pwd) values ('") + session.ledgerId +
+    db.RunQuery(QStringLiteral("insert into UsrLst (Zbid,Usr,Pwd) values ('") + session.ledgerId() +
                 QStringLiteral("','管理员','')"));
 
-    const int added = m_ledgers.append({session.ledgerId, session.ledgerName});
+    const int added = m_ledgers.append({session.ledgerId(), session.ledgerName()});
     YieldEvents();
     m_ledgers.selected = added;
     return true;
@@ -295,10 +293,8 @@ bool ZbTyp::updateSettings(const QString& itemLabel, const QString& quantityLabe
                                  promptTitle());
         return false;
     }
-    Session& session = m_context.session;
-    session.ledgerName = name;
-    session.itemLabel = itemLabel;
-    session.quantityLabel = quantityLabel;
+    m_context.session.setLedgerName(name);
+    m_context.session.setLabels(itemLabel, quantityLabel);
     return true;
 }
 
@@ -311,10 +307,10 @@ void ZbTyp::finishOk()
 void ZbTyp::presetTypeOption()
 {
     const Session& session = m_context.session;
-    const int known = LedgerTypes::find(session.itemLabel, session.quantityLabel);
+    const int known = LedgerTypes::find(session.itemLabel(), session.quantityLabel());
     if (known >= 0)
         m_opt[known]->setChecked(true);
-    else if (!session.itemLabel.isEmpty() || !session.quantityLabel.isEmpty())
+    else if (!session.itemLabel().isEmpty() || !session.quantityLabel().isEmpty())
         m_opt[LedgerTypes::custom]->setChecked(true);
 }
 

@@ -13,4 +13,15 @@ QString AppConstants::programFolder(const QString& applicationDir)
     return folder;
 }
 
+QString AppConstants::webSite()
+{
+    return QStringLiteral(LANZHOU_WEB_SITE);
+}
+
+QString AppConstants::makerLines()
+{
+    return company() + QStringLiteral("\n网址：") + webSite() + QStringLiteral("\n服务电话：") + servicePhone() +
+           QStringLiteral("\n客服QQ：") + serviceQq();
+}
+
 } // namespace lanzhou

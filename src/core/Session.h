@@ -9,23 +9,47 @@ namespace lanzhou {
 
 // The state every window shares while a ledger is open: ledger, labels, operator and rights,
 // the ledger's items and operators, the cached server date and the journal's refresh marker.
-// The owner of a view that shows session facts listens to changed().
+// The facts a window shows change only through the setters, which emit changed(); the owner of a
+// view that shows them (the main window's title, labels, operator list, announcement) listens.
 class Session : public QObject
 {
     Q_OBJECT
 public:
     explicit Session(QObject* parent = nullptr) : QObject(parent) {}
 
-    QString ledgerId;
-    QString ledgerName;
-    QString itemLabel;
-    QString quantityLabel;
-    QString greeting;
-    QString announcement;
-    QString operatorName;
-    QStringList items;
-    QStringList operators;
+    const QString& ledgerId() const { return m_ledgerId; }
+    const QString& ledgerName() const { return m_ledgerName; }
+    const QString& itemLabel() const { return m_itemLabel; }
+    const QString& quantityLabel() const { return m_quantityLabel; }
+    const QString& greeting() const { return m_greeting; }
+    // As stored: colour number, "│", text; empty when the ledger has none.
+    const QString& announcement() const { return m_announcement; }
+    const QString& operatorName() const { return m_operatorName; }
+    const QStringList& items() const { return m_items; }
+    const QStringList& operators() const { return m_operators; }
+    const QString& rights() const { return m_rights; }
+    bool hasRight(Right right) const { return Rights::Granted(m_rights, right); }
 
+    // The ledger's row as opened: every fact of the ledger at once.
+    void openLedger(const QString& id, const QString& name, const QString& itemLabel,
+                    const QString& quantityLabel, const QString& greeting, const QString& announcement);
+    void setLedgerId(const QString& id);
+    void setLedgerName(const QString& name);
+    void setLabels(const QString& itemLabel, const QString& quantityLabel);
+    void setGreeting(const QString& greeting);
+    void setAnnouncement(const QString& announcement);
+    // The operator who logged in, with the rights read at login (extended to all positions).
+    void logIn(const QString& operatorName, const QString& rights);
+    // Empty: nobody is logged in to the open ledger.
+    void setOperatorName(const QString& operatorName);
+    void setRights(const QString& rights);
+    void setOperators(const QStringList& operators);
+    void addOperator(const QString& name);
+    void removeOperator(const QString& name);
+    void setItems(const QStringList& items);
+    void addItem(const QString& item);
+
+    // Plain working values that no view shows.
     QString serverDateText;
     qint16 serverDateDay = 0;
     // Not empty when the journal must run its query again after an edit.
@@ -35,17 +59,19 @@ public:
     // Where the save dialog of the next export opens: the folder of the last export.
     QString exportFolder;
 
-    // Stores the rights read at login, extended to all positions.
-    void setRights(const QString& rights) { m_rights = Rights::Extend(rights); }
-    const QString& rights() const { return m_rights; }
-    bool hasRight(Right right) const { return Rights::Granted(m_rights, right); }
-
-    void notifyChanged() { emit changed(); }
-
 signals:
     void changed();
 
 private:
+    QString m_ledgerId;
+    QString m_ledgerName;
+    QString m_itemLabel;
+    QString m_quantityLabel;
+    QString m_greeting;
+    QString m_announcement;
+    QString m_operatorName;
+    QStringList m_items;
+    QStringList m_operators;
     QString m_rights = Rights::Extend(QString());
 };
 

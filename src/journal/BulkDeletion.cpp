@@ -14,8 +14,8 @@ namespace {
 
 QString PasswordStatement(const Session& session)
 {
-    return QStringLiteral("select PWd from UsrLst where ZBID='") + SqlLiteral(session.ledgerId) +
-           QStringLiteral("' and Usr='") + SqlLiteral(session.operatorName) + QStringLiteral("'");
+    return QStringLiteral("select PWd from UsrLst where ZBID='") + SqlLiteral(session.ledgerId()) +
+           QStringLiteral("' and Usr='") + SqlLiteral(session.operatorName()) + QStringLiteral("'");
 }
 
 // The warning's lines: the first two and the last are the same whether a password is asked or not.

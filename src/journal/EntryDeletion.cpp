@@ -17,7 +17,7 @@ bool ConfirmEntryDeletion(const AppContext& context)
 
 QString CurrentTombstone(const AppContext& context)
 {
-    return TombstoneLedgerId(context.session.operatorName, context.session.ledgerId,
+    return TombstoneLedgerId(context.session.operatorName(), context.session.ledgerId(),
                              ServerDate(context.db, context.session, context.clock),
                              LocalTimeText(context.clock));
 }
@@ -25,7 +25,7 @@ QString CurrentTombstone(const AppContext& context)
 bool WriteDeleteTombstone(const AppContext& context, const QString& entryId)
 {
     const QString sql =
-        DeleteTombstoneStatement(CurrentTombstone(context), context.session.ledgerId, entryId);
+        DeleteTombstoneStatement(CurrentTombstone(context), context.session.ledgerId(), entryId);
     if (context.db.RunQuery(sql) == QLatin1String("OK"))
         return true;
     context.dialogs.inform(QStringLiteral("连接服务器失败，请重试！"), QStringLiteral("提示"));

@@ -23,8 +23,8 @@ MxEd::MxEd(const AppContext& context, Use use, const QStringList& items, QWidget
     ui->setupUi(this);
     const Session& session = m_context.session;
     setWindowTitle(use == Use::Modify ? QStringLiteral("修改账目") : QStringLiteral("漏账补录"));
-    ui->LabItm->setText(session.itemLabel + QStringLiteral("："));
-    ui->LabSL->setText(session.quantityLabel + QStringLiteral("："));
+    ui->LabItm->setText(session.itemLabel() + QStringLiteral("："));
+    ui->LabSL->setText(session.quantityLabel() + QStringLiteral("："));
     ui->CmbItm->addItems(items);
     ui->CmbItm->setCurrentIndex(-1);
     TakeTypedTextAsIs(ui->CmbItm);
@@ -72,7 +72,7 @@ void MxEd::loadEntry(const QString& entryId)
 {
     m_entryId = entryId;
     setWaiting(true);
-    const QString count = m_context.db.RunQuery(LoadEntryStatement(m_context.session.ledgerId, entryId));
+    const QString count = m_context.db.RunQuery(LoadEntryStatement(m_context.session.ledgerId(), entryId));
     setWaiting(false);
     if (count.isEmpty()) {
         m_context.dialogs.inform(QStringLiteral("连接服务器失败！"));
@@ -129,7 +129,7 @@ QString MxEd::newEntryId(QDateTime& when, QString& time)
 {
     for (;;) {
         const QString id = EditorEntryId(when);
-        if (m_context.db.RunScalar(IdCheckStatement(m_context.session.ledgerId, id)).isEmpty())
+        if (m_context.db.RunScalar(IdCheckStatement(m_context.session.ledgerId(), id)).isEmpty())
             return id;
         when = when.addSecs(60);
         time = when.toString(QStringLiteral("yyyy-MM-dd hh:mm"));
@@ -142,20 +142,20 @@ void MxEd::save()
     Dialogs& dialogs = m_context.dialogs;
     QString item = CleanInput(ui->CmbItm->currentText());
     if (item.isEmpty()) {
-        dialogs.inform(QStringLiteral("请输入或选择") + session.itemLabel + QStringLiteral("！"),
+        dialogs.inform(QStringLiteral("请输入或选择") + session.itemLabel() + QStringLiteral("！"),
                        QStringLiteral("提示"));
         return;
     }
     const QString quantityText = ui->TxtSL->text();
     if (!IsNumber(quantityText)) {
-        dialogs.inform(QStringLiteral("请输入") + session.quantityLabel + QStringLiteral("的数值！"));
+        dialogs.inform(QStringLiteral("请输入") + session.quantityLabel() + QStringLiteral("的数值！"));
         return;
     }
     const double quantity = NumericValue(quantityText);
     item = CollapseDashes(item);
-    const QString allItems = AllItemsEntry(session.itemLabel);
+    const QString allItems = AllItemsEntry(session.itemLabel());
     if (item.contains(allItems)) {
-        dialogs.inform(session.itemLabel + QStringLiteral("中不能包含“") + allItems +
+        dialogs.inform(session.itemLabel() + QStringLiteral("中不能包含“") + allItems +
                            QStringLiteral("”这样的词！"),
                        QStringLiteral("提示"));
         return;
@@ -170,10 +170,10 @@ void MxEd::save()
     // Without its tombstone the old entry would stay beside the new one, so a failed tombstone
     // stops the save.
     bool saved = m_use != Use::Modify ||
-                 db.RunQuery(ModifyTombstoneStatement(CurrentTombstone(m_context), session.ledgerId,
+                 db.RunQuery(ModifyTombstoneStatement(CurrentTombstone(m_context), session.ledgerId(),
                                                       m_entryId)) == QLatin1String("OK");
     if (saved)
-        saved = db.RunQuery(InsertEntryStatement(session.ledgerId, session.operatorName, time, id, item,
+        saved = db.RunQuery(InsertEntryStatement(session.ledgerId(), session.operatorName(), time, id, item,
                                                  quantity, remark)) == QLatin1String("OK");
     setWaiting(false);
     if (!saved) {

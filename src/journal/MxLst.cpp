@@ -27,7 +27,7 @@ MxLst::MxLst(const AppContext& context, QWidget* parent)
     : ListWindow(parent), ui(std::make_unique<Ui::MxLst>()), m_context(context), m_grid(TextGrid::listFont())
 {
     ui->setupUi(this);
-    setWindowTitle(m_context.session.itemLabel + QStringLiteral("流水账"));
+    setWindowTitle(m_context.session.itemLabel() + QStringLiteral("流水账"));
     ui->Lst->setFont(TextGrid::listFont());
     // Lines keep their whole text, the remark included; the list scrolls sideways to their end.
     ui->Lst->setUniformItemSizes(true);
@@ -68,14 +68,14 @@ MxLst::~MxLst() = default;
 void MxLst::fillFilters()
 {
     Session& session = m_context.session;
-    ui->LabItm->setText(session.itemLabel + QStringLiteral("："));
+    ui->LabItm->setText(session.itemLabel() + QStringLiteral("："));
 
     // The items as the server knows them now; the session's list when the server cannot say.
-    QStringList items = ReadLedgerItems(m_context.db, session.ledgerId).value_or(session.items);
+    QStringList items = ReadLedgerItems(m_context.db, session.ledgerId()).value_or(session.items());
     items.removeAll(QString());
     // A ledger without items gets an empty list: there is nothing to list yet.
     if (!items.isEmpty()) {
-        ui->CmbItm->addItem(AllItemsEntry(session.itemLabel));
+        ui->CmbItm->addItem(AllItemsEntry(session.itemLabel()));
         ui->CmbItm->addItems(items);
     }
     ui->CmbItm->setCurrentIndex(items.isEmpty() ? -1 : 0);
@@ -83,8 +83,8 @@ void MxLst::fillFilters()
     ui->CmbGX1->addItems({QStringLiteral("等于"), QStringLiteral("包含")});
     ui->CmbSL->addItems({QStringLiteral("增减"), QStringLiteral("增加"), QStringLiteral("减少")});
     ui->CmbUsr->addItem(QString());
-    ui->CmbUsr->addItems(session.operators);
-    ui->CmbSort->addItems({session.itemLabel, QStringLiteral("时间"), QStringLiteral("数值")});
+    ui->CmbUsr->addItems(session.operators());
+    ui->CmbSort->addItems({session.itemLabel(), QStringLiteral("时间"), QStringLiteral("数值")});
 
     const QDate today = ParseDate(session.serverDateText, m_context.clock.today());
     FillPeriodLists(m_start, today.year());
@@ -107,11 +107,11 @@ void MxLst::choosePeriod(const PeriodChoice& start, const PeriodChoice& end)
 JournalFilter MxLst::currentFilter() const
 {
     JournalFilter filter;
-    filter.ledgerId = m_context.session.ledgerId;
+    filter.ledgerId = m_context.session.ledgerId();
     filter.periodStart = PeriodText(m_start);
     filter.periodEnd = PeriodText(m_end);
     filter.itemText = ui->CmbItm->currentText();
-    filter.allItemsEntry = AllItemsEntry(m_context.session.itemLabel);
+    filter.allItemsEntry = AllItemsEntry(m_context.session.itemLabel());
     filter.itemContains = ui->CmbGX1->currentIndex() == 1;
     filter.signIndex = ui->CmbSL->currentIndex();
     filter.remarkText = ui->TxtBZ->text();
@@ -190,7 +190,7 @@ void MxLst::runQuery()
     // A copy, so that a read by another window while this one yields cannot change the rows.
     const ResultGrid rows = db.grid();
     clearListing();
-    JournalLines lines(m_grid, m_context.session.itemLabel, m_context.session.quantityLabel,
+    JournalLines lines(m_grid, m_context.session.itemLabel(), m_context.session.quantityLabel(),
                        statement.balanceMode);
     // The caption follows every row; the window repaints it as the pace allows.
     PacedYield paced;

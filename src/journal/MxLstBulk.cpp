@@ -34,7 +34,7 @@ void MxLst::deleteListing()
             QListWidgetItem* id = ui->Lst2->item(row);
             if (id->text().isEmpty())
                 continue;
-            const QString sql = DeleteTombstoneStatement(tombstone, m_context.session.ledgerId, id->text());
+            const QString sql = DeleteTombstoneStatement(tombstone, m_context.session.ledgerId(), id->text());
             // A deleted entry loses its ID too, so that no later command acts on it; one that could
             // not be deleted keeps its line for another try.
             if (m_context.db.RunQuery(sql) == QLatin1String("OK")) {

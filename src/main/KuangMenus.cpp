@@ -61,7 +61,7 @@ void Kuang::backToLogin()
 
 void Kuang::backToLedgerSelection()
 {
-    const QString openId = m_ctx.session.ledgerId;
+    const QString openId = m_ctx.session.ledgerId();
     showPanel(OpenLedgerPanel);
     selectLedger(m_ledgers.indexOfId(openId));
 }

@@ -63,7 +63,7 @@ void Kuang::showOpenLedgerPanel()
 
 void Kuang::showLoginPanel()
 {
-    setWindowTitle(m_ctx.session.ledgerName + QStringLiteral(" - ") + AppConstants::title());
+    setWindowTitle(m_ctx.session.ledgerName() + QStringLiteral(" - ") + AppConstants::title());
     setShown({ui->LabWelcome, ui->CmbZbNm, ui->Cmb, ui->Txt, ui->labHello, ui->CmdRpt}, false);
     setShown({ui->CmbUser, ui->Lab2, ui->TxtPwd, ui->Chk, ui->Chk2, ui->CmdMenu}, true);
     ui->Lab1->setText(QStringLiteral("操作员"));
@@ -79,15 +79,15 @@ void Kuang::showLoginPanel()
 void Kuang::showEntryPanel()
 {
     const Session& s = m_ctx.session;
-    setWindowTitle(s.ledgerName + QStringLiteral(" - ") + AppConstants::title());
+    setWindowTitle(s.ledgerName() + QStringLiteral(" - ") + AppConstants::title());
     setShown({ui->CmbUser, ui->TxtPwd, ui->Chk, ui->Chk2, ui->LabWelcome, ui->CmbZbNm}, false);
     setShown({ui->Cmb, ui->Txt, ui->CmdMenu, ui->CmdRpt}, true);
-    ui->Lab1->setText(s.itemLabel);
-    ui->Lab2->setText(s.quantityLabel + QStringLiteral("增减"));
+    ui->Lab1->setText(s.itemLabel());
+    ui->Lab2->setText(s.quantityLabel() + QStringLiteral("增减"));
     ui->Cmd->setText(QStringLiteral(" 记 账 "));
     ui->Txt->clear();
-    ui->Lab3->setText(QStringLiteral("    请输入或选择") + s.itemLabel + QStringLiteral("，然后输入") +
-                      s.quantityLabel +
+    ui->Lab3->setText(QStringLiteral("    请输入或选择") + s.itemLabel() + QStringLiteral("，然后输入") +
+                      s.quantityLabel() +
                       QStringLiteral("变动情况。\n     如：增加10，输入“+10”，减少5，输入“-5”。\n"
                                      "     数字后面加空格再加文字，如“-5 计划外”，即表示备注说明。"));
     ui->Cmb->setFocus();

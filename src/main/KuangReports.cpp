@@ -56,9 +56,9 @@ void Kuang::buildReportMenu()
     // The captions follow the ledger's labels, which change with the open ledger.
     connect(m_reportMenu, &QMenu::aboutToShow, this, [this, journal, summary, balances] {
         const Session& session = m_ctx.session;
-        journal->setText(session.itemLabel + QStringLiteral("流水账"));
-        summary->setText(session.itemLabel + QStringLiteral("汇总表"));
-        balances->setText(session.itemLabel + session.quantityLabel + QStringLiteral("表"));
+        journal->setText(session.itemLabel() + QStringLiteral("流水账"));
+        summary->setText(session.itemLabel() + QStringLiteral("汇总表"));
+        balances->setText(session.itemLabel() + session.quantityLabel() + QStringLiteral("表"));
     });
     connect(ui->CmdRpt, &QPushButton::clicked, this, [this] { popUnder(m_reportMenu, ui->CmdRpt); });
 }

@@ -57,18 +57,12 @@ void Kuang::openLedger()
     if (m_operatorsLedger != id) {
         // The operators of another ledger do not carry over, nor does its operator; the session's
         // ledger may already name this one (registering it does), so the list tells.
-        s.operatorName.clear();
-        s.operators.clear();
+        s.setOperatorName(QString());
+        s.setOperators({});
         ui->CmbUser->clear();
         m_operatorsLedger.clear();
     }
-    s.ledgerId = id;
-    s.ledgerName = name;
-    s.itemLabel = item;
-    s.quantityLabel = quantity;
-    s.greeting = greeting;
-    s.announcement = announcement;
-    s.notifyChanged();
+    s.openLedger(id, name, item, quantity, greeting, announcement);
 
     showWait(QStringLiteral("正在读入操作员列表……"));
     const QString app = AppConstants::settingsApp();
@@ -76,7 +70,7 @@ void Kuang::openLedger()
     m_ctx.settings.write(app, QStringLiteral("ZBID"), tag, id);
     m_ctx.settings.write(app, QStringLiteral("AutoOpen"), tag,
                          ui->Chk->isChecked() ? QStringLiteral("1") : QStringLiteral("0"));
-    const QString remembered = s.operatorName.isEmpty() ? m_ctx.settings.read(app, id, tag) : s.operatorName;
+    const QString remembered = s.operatorName().isEmpty() ? m_ctx.settings.read(app, id, tag) : s.operatorName();
     const bool autoLogin = NumericValue(m_ctx.settings.read(app, QStringLiteral("AutoLogin"), tag)) == 1;
 
     showPanel(LoginPanel);
@@ -137,7 +131,7 @@ bool Kuang::fillOperators(const QString& ledgerId)
         operators.append(QStringLiteral("管理员"));
     }
     ui->CmbUser->addItems(operators);
-    m_ctx.session.operators = operators;
+    m_ctx.session.setOperators(operators);
     m_operatorsLedger = ledgerId;
     return true;
 }

@@ -31,7 +31,7 @@ void Kuang::login()
 
     Database& db = m_ctx.db;
     const QString found =
-        db.RunQuery(QStringLiteral("select Pwd,QX from UsrLst where ZBid='") + SqlLiteral(s.ledgerId) +
+        db.RunQuery(QStringLiteral("select Pwd,QX from UsrLst where ZBid='") + SqlLiteral(s.ledgerId()) +
                     QStringLiteral("' and Usr='") + SqlLiteral(op) + u'\'');
     if (found.isEmpty()) {
         m_ctx.dialogs.inform(QStringLiteral("连接服务器失败，请重试！"), QStringLiteral("提示"));
@@ -47,19 +47,19 @@ void Kuang::login()
     }
     const QString rights = db.grid().cell(1, 1);
 
-    showWait(QStringLiteral("正在读取账本中的") + s.itemLabel + QStringLiteral("信息……"));
+    showWait(QStringLiteral("正在读取账本中的") + s.itemLabel() + QStringLiteral("信息……"));
     // The items are read before anything is shown or remembered: without them the operator stays on
     // the login panel as he was, and may try again.
-    const std::optional<QStringList> items = ReadLedgerItems(db, s.ledgerId);
+    const std::optional<QStringList> items = ReadLedgerItems(db, s.ledgerId());
     if (!items) {
         m_ctx.dialogs.inform(QStringLiteral("连接服务器失败，请重试！"), QStringLiteral("提示"));
         return;
     }
     YieldEvents(6);
     hideWait();
-    if (s.greeting.isEmpty())
-        s.greeting = QStringLiteral("您好！");
-    ui->labHello->setText(s.greeting + QStringLiteral("，") + op);
+    if (s.greeting().isEmpty())
+        s.setGreeting(QStringLiteral("您好！"));
+    ui->labHello->setText(s.greeting() + QStringLiteral("，") + op);
     ui->labHello->show();
 
     rememberLogin(op);
@@ -68,13 +68,11 @@ void Kuang::login()
     ui->Chk2->hide();
     // The quantity shows by itself only to an operator who may see quantities (right 4).
     m_autoShowQuantity =
-        m_ctx.settings.read(s.ledgerId, op, QStringLiteral("AutoShowSL")) != QLatin1String("False") &&
+        m_ctx.settings.read(s.ledgerId(), op, QStringLiteral("AutoShowSL")) != QLatin1String("False") &&
         Rights::Granted(Rights::Extend(rights), Right::SeeQuantity);
 
     fillItems(*items);
-    s.operatorName = op;
-    s.setRights(rights);
-    s.notifyChanged();
+    s.logIn(op, rights);
     m_shownItem.clear();
     m_runningTotal = 0;
     showPanel(EntryPanel);
@@ -84,7 +82,7 @@ void Kuang::rememberLogin(const QString& op)
 {
     const QString app = AppConstants::settingsApp();
     const QString tag = AppConstants::settingsTag();
-    const QString ledgerId = m_ctx.session.ledgerId;
+    const QString ledgerId = m_ctx.session.ledgerId();
     Settings& settings = m_ctx.settings;
     if (m_autoLogin)
         ui->Chk->setChecked(true);
@@ -112,7 +110,7 @@ void Kuang::onOperatorPicked(int index)
         return;
     const QString password =
         m_ctx.settings.read(AppConstants::settingsApp(), AppConstants::settingsTag(),
-                            PasswordKey(ui->CmbUser->itemText(index), m_ctx.session.ledgerId));
+                            PasswordKey(ui->CmbUser->itemText(index), m_ctx.session.ledgerId()));
     ui->TxtPwd->setText(password);
     ui->Chk2->setChecked(!password.isEmpty());
     if (password.isEmpty() || !m_autoLogin)

@@ -24,8 +24,8 @@ void Kuang::postEntry()
     }
     ui->Cmb->setEditText(CleanInput(ui->Cmb->currentText()));
     ui->Txt->setText(CleanInput(ui->Txt->text()));
-    const PostingCheck check = CheckPosting({s.rights(), ui->Cmb->currentText(), ui->Txt->text(), s.itemLabel,
-                                             s.quantityLabel, ui->Lab2->text()});
+    const PostingCheck check = CheckPosting({s.rights(), ui->Cmb->currentText(), ui->Txt->text(), s.itemLabel(),
+                                             s.quantityLabel(), ui->Lab2->text()});
     if (check.refused()) {
         m_ctx.dialogs.inform(check.refusal, check.refusalTitle);
         return;
@@ -35,7 +35,7 @@ void Kuang::postEntry()
     const QString time = serverDate + u' ' + LocalTimeText(m_ctx.clock);
     const QString id = GenerateEntryId(serverDate, m_ctx.clock.secondsSinceMidnight());
     const QString written = m_ctx.db.RunQuery(
-        InsertEntryStatement(s.ledgerId, s.operatorName, time, id, p.item, p.quantity, p.remark));
+        InsertEntryStatement(s.ledgerId(), s.operatorName(), time, id, p.item, p.quantity, p.remark));
     if (written != QLatin1String("OK")) {
         m_ctx.dialogs.inform(QStringLiteral("连接服务器失败，请重试！"), QStringLiteral("提示"));
         return;
@@ -48,7 +48,7 @@ void Kuang::postEntry()
         const QString typed = ui->Cmb->currentText();
         ui->Cmb->addItem(p.item);
         ui->Cmb->setEditText(typed);
-        s.items.append(p.item);
+        s.addItem(p.item);
     }
     ui->Lab5->setText(p.numberText + QStringLiteral("  已保存！"));
     if (m_autoShowQuantity) {
@@ -58,10 +58,10 @@ void Kuang::postEntry()
         } else {
             m_runningTotal += p.quantity;
         }
-        ui->Lab4->setText(QStringLiteral("当前") + s.quantityLabel + QStringLiteral("：") +
+        ui->Lab4->setText(QStringLiteral("当前") + s.quantityLabel() + QStringLiteral("：") +
                           FormatQuantity(m_runningTotal));
         ui->Lab4->show();
-    } else if (ui->Lab4->text() != QStringLiteral("新") + s.itemLabel) {
+    } else if (ui->Lab4->text() != QStringLiteral("新") + s.itemLabel()) {
         showQuantityLine();
     }
     YieldEvents(2);
@@ -74,14 +74,14 @@ void Kuang::fillItems(const QStringList& items)
     ui->Cmb->clear();
     ui->Cmb->addItems(items);
     ui->Cmb->setCurrentIndex(-1);
-    m_ctx.session.items = items;
+    m_ctx.session.setItems(items);
 }
 
 QString Kuang::ShowItemTotal(const QString& item)
 {
     Database& db = m_ctx.db;
     const QString found = db.RunQuery(QStringLiteral("select sum(SL) from Zhang Where Zbid='") +
-                                      SqlLiteral(m_ctx.session.ledgerId) + QStringLiteral("' and Item='") +
+                                      SqlLiteral(m_ctx.session.ledgerId()) + QStringLiteral("' and Item='") +
                                       SqlLiteral(item) + QStringLiteral("' group by Zbid,Item"));
     m_runningTotal = NumericValue(found) > 0 ? NumericValue(db.grid().cell(1, 0)) : 0;
     m_shownItem = item;
@@ -92,7 +92,7 @@ QString Kuang::ShowItemTotal(const QString& item)
 void Kuang::showQuantityLine()
 {
     ui->Lab4->setText(m_ctx.session.hasRight(Right::SeeQuantity)
-                          ? QStringLiteral("点击这里查看") + m_ctx.session.quantityLabel
+                          ? QStringLiteral("点击这里查看") + m_ctx.session.quantityLabel()
                           : QString());
 }
 
@@ -104,7 +104,7 @@ void Kuang::onItemPicked()
     ui->Lab4->show();
     YieldEvents(5);
     if (m_autoShowQuantity)
-        ui->Lab4->setText(QStringLiteral("当前") + m_ctx.session.quantityLabel + QStringLiteral("：") +
+        ui->Lab4->setText(QStringLiteral("当前") + m_ctx.session.quantityLabel() + QStringLiteral("：") +
                           ShowItemTotal(ui->Cmb->currentText()));
     else
         showQuantityLine();
@@ -122,7 +122,7 @@ void Kuang::onItemBoxLeft()
         ui->Cmb->setCurrentIndex(index);
         onItemPicked();
     } else {
-        ui->Lab4->setText(QStringLiteral("新") + m_ctx.session.itemLabel);
+        ui->Lab4->setText(QStringLiteral("新") + m_ctx.session.itemLabel());
         ui->Lab4->show();
         // A new item has no total yet: the next posting starts its running total afresh.
         m_shownItem.clear();

@@ -41,7 +41,7 @@ HzLst::HzLst(const AppContext& context, JournalOpener& journal, QWidget* parent)
       m_grid(TextGrid::listFont())
 {
     ui->setupUi(this);
-    setWindowTitle(m_context.session.itemLabel + QStringLiteral("汇总表"));
+    setWindowTitle(m_context.session.itemLabel() + QStringLiteral("汇总表"));
     ui->Lst->setFont(TextGrid::listFont());
     ui->Lst->setUniformItemSizes(true);
     ui->Lst->setTextElideMode(Qt::ElideNone);
@@ -67,7 +67,7 @@ HzLst::~HzLst() = default;
 void HzLst::fillControls()
 {
     const Session& session = m_context.session;
-    ui->LabItm->setText(session.itemLabel + QStringLiteral("："));
+    ui->LabItm->setText(session.itemLabel() + QStringLiteral("："));
     FillReportItems(ui->CmbItm, m_context);
     ui->CmbGX1->addItems({QStringLiteral("等于"), QStringLiteral("字符包含")});
 
@@ -84,9 +84,9 @@ void HzLst::drawHead()
     ui->Lst->clear();
     ui->Cmd_1->setEnabled(false);
     m_totals = {};
-    const QString& quantity = m_context.session.quantityLabel;
+    const QString& quantity = m_context.session.quantityLabel();
     addLine(m_grid.ruleLine(TextGrid::Top, columns));
-    addLine(m_grid.textCell(QStringLiteral("  ") + m_context.session.itemLabel, itemWidth) +
+    addLine(m_grid.textCell(QStringLiteral("  ") + m_context.session.itemLabel(), itemWidth) +
             m_grid.textCell(QStringLiteral("  期初") + quantity, figureWidth) +
             m_grid.textCell(QStringLiteral("  增加"), figureWidth) +
             m_grid.textCell(QStringLiteral("  减少"), figureWidth) +
@@ -133,7 +133,7 @@ void HzLst::endWaiting()
 void HzLst::runReport()
 {
     Dialogs& dialogs = m_context.dialogs;
-    const QString& itemLabel = m_context.session.itemLabel;
+    const QString& itemLabel = m_context.session.itemLabel();
     if (ui->CmbItm->count() == 0) {
         dialogs.inform(QStringLiteral("这个账本还没有录入任何记录，不能进行报表统计！"));
         return;
@@ -170,7 +170,7 @@ void HzLst::runReport()
     int shownRows = 0;
     PacedYield paced;
     const int failures = ReadSummaryFigures(
-        m_context.db, m_context.session.ledgerId, selected, start, end, [&](const ItemFigures& figures) {
+        m_context.db, m_context.session.ledgerId(), selected, start, end, [&](const ItemFigures& figures) {
             ui->CmdWait->setText(QStringLiteral("正在读取 ") + figures.item + QStringLiteral(" ……"));
             if (!hideZeroSums || !figures.sumsToZero()) {
                 addFigures(figures);

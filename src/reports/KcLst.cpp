@@ -35,8 +35,8 @@ KcLst::KcLst(const AppContext& context, JournalOpener& journal, QWidget* parent)
 {
     ui->setupUi(this);
     const Session& session = m_context.session;
-    setWindowTitle(session.itemLabel + session.quantityLabel + QStringLiteral("表"));
-    ui->Lab2->setText(session.itemLabel + QStringLiteral("："));
+    setWindowTitle(session.itemLabel() + session.quantityLabel() + QStringLiteral("表"));
+    ui->Lab2->setText(session.itemLabel() + QStringLiteral("："));
     FillReportItems(ui->Cmb, m_context);
     TakeTypedTextAsIs(ui->Cmb);
     ui->Txt->setText(QStringLiteral("0"));
@@ -74,7 +74,7 @@ void KcLst::drawHead()
 {
     ui->Lst->clear();
     ui->Lst->addItems(
-        BalanceLines::head(m_grid, m_context.session.itemLabel, m_context.session.quantityLabel));
+        BalanceLines::head(m_grid, m_context.session.itemLabel(), m_context.session.quantityLabel()));
     m_cmd[Export]->setEnabled(false);
 }
 
@@ -98,9 +98,9 @@ void KcLst::runReport()
     }
     const double threshold = readThreshold();
     QString item = CleanInput(ui->Cmb->currentText());
-    if (item == AllItemsEntry(session.itemLabel))
+    if (item == AllItemsEntry(session.itemLabel()))
         item.clear();
-    m_lastStatement = BalanceStatement(session.ledgerId, item, ui->CmbGX1->currentIndex() == 1, m_sortClause);
+    m_lastStatement = BalanceStatement(session.ledgerId(), item, ui->CmbGX1->currentIndex() == 1, m_sortClause);
 
     setBusy(true);
     std::optional<WaitCursor> hourglass(std::in_place);
@@ -164,7 +164,7 @@ void KcLst::drillDown(const QString& line)
     const QString item = FindListedItem(ui->Cmb, cell);
     if (item.isEmpty())
         return;
-    const QString lastEntry = m_context.db.RunScalar(LastEntryStatement(m_context.session.ledgerId, item));
+    const QString lastEntry = m_context.db.RunScalar(LastEntryStatement(m_context.session.ledgerId(), item));
     // From the first of January of the year of the last entry; the end of the period stays.
     const QDate last = ParseDate(lastEntry, m_context.clock.today());
     m_journal.drillDown(

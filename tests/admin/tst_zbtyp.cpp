@@ -133,7 +133,7 @@ private slots:
         QVERIFY(message.isEmpty() || f.t.dialogs.shown().constFirst().icon == DialogIcon::Information);
         QCOMPARE(f.step(),
                  (message.isEmpty() ? QStringList{u"frame 1"_s} : QStringList{u"frame 0"_s, message}));
-        QCOMPARE(f.t.session.ledgerId, message.isEmpty() ? written : QString());
+        QCOMPARE(f.t.session.ledgerId(), message.isEmpty() ? written : QString());
     }
 
     // Adding a ledger by its contact. One that exists on the server joins the local list, or selects
@@ -191,23 +191,23 @@ private slots:
                  u"20002|小店，进货账本|桶，装|升|自已注册|"_s + today + u"||||您好！||"_s);
         // The first operator has no password and no rights string at all, which grants every right.
         QCOMPARE(f.t.text(u"select Usr,PWD from UsrLst where ZBID='20002' and QX is null"_s), u"管理员|"_s);
-        QCOMPARE(f.t.session.itemLabel + u'|' + f.t.session.quantityLabel, u"桶，装|升"_s);
+        QCOMPARE(f.t.session.itemLabel() + u'|' + f.t.session.quantityLabel(), u"桶，装|升"_s);
         QCOMPARE(f.listed().constLast(), u"*20002#小店，进货账本"_s);
 
         // With no ledger open: the server down for the lookup, then for the registration.
-        f.t.session.ledgerName.clear();
+        f.t.session.setLedgerName(QString());
         f.open(ZbTyp::Mode::AddLedger);
         f.t.setServerDown(true);
         f.lookUp(u"QQ号"_s, u"40004"_s);
         QCOMPARE(f.step(), (QStringList{u"frame 0"_s, u"连接服务器失败，请重试！"_s}));
-        QCOMPARE(f.t.session.ledgerId, u"20002"_s);
+        QCOMPARE(f.t.session.ledgerId(), u"20002"_s);
         f.t.setServerDown(false);
         f.click({u"Cmd_3"_s, u"Cmd_5"_s, u"Opt_2"_s});
         f.t.setServerDown(true);
         f.d.click(u"Cmd_0"_s);
         QCOMPARE(f.step(),
                  (QStringList{u"frame 0"_s, u"提示: 注册新账本失败，请检查网络连接是否正常，然后重试！"_s}));
-        QCOMPARE(f.t.session.itemLabel, QString());
+        QCOMPARE(f.t.session.itemLabel(), QString());
         QCOMPARE(f.ledgers.size(), 3);
         // Retried with the server back, it goes through with the type still picked.
         f.t.setServerDown(false);
@@ -240,7 +240,7 @@ private slots:
         QCOMPARE(f.step(), QStringList{u"frame 2 option 0"_s});
         f.click({u"Opt_1"_s, u"Cmd_0"_s});
         QCOMPARE(f.step(), QStringList{u"accepted OK"_s});
-        QCOMPARE(f.t.session.itemLabel + u'|' + f.t.session.quantityLabel, u"物品|存量"_s);
+        QCOMPARE(f.t.session.itemLabel() + u'|' + f.t.session.quantityLabel(), u"物品|存量"_s);
         f.open(ZbTyp::Mode::TypeSettings);
         f.click({u"Opt_3"_s, u"Cmd_1"_s});
         QCOMPARE(f.step(), QStringList{u"rejected"_s});
@@ -249,7 +249,7 @@ private slots:
         f.click({u"Opt_0"_s, u"Cmd_0"_s});
         QCOMPARE(f.step(), (QStringList{u"frame 2 option 0"_s,
                                         u"提示: 账本设置保存失败，请检查网络连接是否正常，然后重试！"_s}));
-        QCOMPARE(f.t.session.itemLabel, u"物品"_s);
+        QCOMPARE(f.t.session.itemLabel(), u"物品"_s);
         f.t.setServerDown(false);
 
         // Labels of no predefined type pick the custom type with its keywords.
@@ -261,19 +261,19 @@ private slots:
         f.d.type(u"Txt_1"_s, u"把"_s);
         f.d.click(u"Cmd_0"_s);
         QCOMPARE(f.step(), QStringList{u"accepted OK"_s});
-        QCOMPARE(f.t.session.quantityLabel, u"把"_s);
+        QCOMPARE(f.t.session.quantityLabel(), u"把"_s);
 
         f.open(ZbTyp::Mode::NameOnly);
         QCOMPARE(f.step(), QStringList{u"frame 1"_s});
         QCOMPARE(f.d.text(u"TxtZbNm"_s), u"工具"_s);
         f.enter(u"TxtZbNm"_s, u" 五金#2,店 "_s);
         QCOMPARE(f.step(), QStringList{u"accepted OK"_s});
-        QCOMPARE(f.t.session.ledgerName, u"五金2，店"_s);
+        QCOMPARE(f.t.session.ledgerName(), u"五金2，店"_s);
         f.open(ZbTyp::Mode::NameOnly);
         f.d.type(u"TxtZbNm"_s, u"别的"_s);
         f.d.click(u"Cmd_2"_s);
         QCOMPARE(f.step(), QStringList{u"rejected"_s});
-        QCOMPARE(f.t.session.ledgerName, u"五金2，店"_s);
+        QCOMPARE(f.t.session.ledgerName(), u"五金2，店"_s);
         QCOMPARE(f.t.text(u"select ZbNm,Item,SL from ZbLst order by ZBID"_s),
                  u"零用金|物品|存量;工具|工具|把"_s);
     }

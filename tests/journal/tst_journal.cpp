@@ -69,7 +69,7 @@ struct JournalWindow
     static AppContext open(TestContext& t, bool sample)
     {
         t.openLedger(u"L1"_s, u"五金仓库"_s);
-        t.session.operators = {u"管理员"_s, u"张三"_s};
+        t.session.setOperators({u"管理员"_s, u"张三"_s});
         t.session.serverDateText = u"2026-11-15"_s;
         t.session.serverDateDay = 15;
         if (sample)
@@ -278,7 +278,7 @@ private slots:
         // Ten years back, twenty ahead.
         QCOMPARE(d.w<QComboBox>(u"Cmb_0"_s)->itemText(0) + d.w<QComboBox>(u"Cmb2_0"_s)->itemText(30),
                  u"20162046"_s);
-        j.t.session.items = {u"A型螺丝"_s};
+        j.t.session.setItems({u"A型螺丝"_s});
         j.serverDown([&] {
             MxLst offline(j.context);
             auto* items = WindowDriver(&offline).w<QComboBox>(u"CmbItm"_s);
@@ -410,7 +410,7 @@ private slots:
         QFETCH(QString, backend);
         JournalWindow j(backend);
         TestContext& t = j.t;
-        t.session.quantityLabel = u"余额"_s;
+        t.session.setLabels(t.session.itemLabel(), u"余额"_s);
         j.d.click(u"Cmd_0"_s);
         j.d.click(u"Cmd_3"_s);
         QVERIFY(j.editor());

@@ -316,7 +316,7 @@ private slots:
         });
         QCOMPARE(next.w<QComboBox>(u"CmbUser"_s)->count(), 1);
         next.post();
-        QCOMPARE(t.session.operatorName + QString::number(next.panel()), u"管理员2"_s);
+        QCOMPARE(t.session.operatorName() + QString::number(next.panel()), u"管理员2"_s);
     }
 
     // Quick entry: rights, refusals, a server gone, cleaning, the quantity line and the journal.

@@ -175,13 +175,9 @@ void TestContext::openLedger(const QString& id, const QString& name, const QStri
                         "('%1','%2','%3','%4','自已注册','2026-11-15','','','','您好！')")
              .arg(id, name, item, quantity));
     exec(QStringLiteral("insert into UsrLst (ZBID,Usr,PWD) values ('%1','%2','')").arg(id, op));
-    session.ledgerId = id;
-    session.ledgerName = name;
-    session.itemLabel = item;
-    session.quantityLabel = quantity;
-    session.operatorName = op;
-    session.operators = {op};
-    session.setRights(QString());
+    session.openLedger(id, name, item, quantity, QStringLiteral("您好！"), QString());
+    session.logIn(op, QString());
+    session.setOperators({op});
 }
 
 DbConfig unreachableConfig(const QString& backend)
