@@ -258,8 +258,8 @@ bool ZbTyp::registerLedger()
     const QString inserted = db.RunQuery(
         QStringLiteral("insert into Zblst (ZBid,ZbNm,Item,SL,Bz,BgDate,NdDate,MB,SalesMan,Msg) values ('") +
         session.ledgerId() + QStringLiteral("','") + session.ledgerName() + QStringLiteral("','") +
-        session.itemLabel() + QStringLiteral("','") + session.quantityLabel() + QStringLiteral("','自已注册','") +
-        today + QStringLiteral("','','','','您好！')"));
+        session.itemLabel() + QStringLiteral("','") + session.quantityLabel() +
+        QStringLiteral("','自已注册','") + today + QStringLiteral("','','','','您好！')"));
     if (inserted != QLatin1String("OK")) {
         m_context.dialogs.inform(QStringLiteral("注册新账本失败，请检查网络连接是否正常，然后重试！"),
                                  promptTitle());

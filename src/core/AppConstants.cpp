@@ -20,8 +20,8 @@ QString AppConstants::webSite()
 
 QString AppConstants::makerLines()
 {
-    return company() + QStringLiteral("\n网址：") + webSite() + QStringLiteral("\n服务电话：") + servicePhone() +
-           QStringLiteral("\n客服QQ：") + serviceQq();
+    return company() + QStringLiteral("\n网址：") + webSite() + QStringLiteral("\n服务电话：") +
+           servicePhone() + QStringLiteral("\n客服QQ：") + serviceQq();
 }
 
 } // namespace lanzhou

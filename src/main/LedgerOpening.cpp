@@ -70,7 +70,8 @@ void Kuang::openLedger()
     m_ctx.settings.write(app, QStringLiteral("ZBID"), tag, id);
     m_ctx.settings.write(app, QStringLiteral("AutoOpen"), tag,
                          ui->Chk->isChecked() ? QStringLiteral("1") : QStringLiteral("0"));
-    const QString remembered = s.operatorName().isEmpty() ? m_ctx.settings.read(app, id, tag) : s.operatorName();
+    const QString remembered =
+        s.operatorName().isEmpty() ? m_ctx.settings.read(app, id, tag) : s.operatorName();
     const bool autoLogin = NumericValue(m_ctx.settings.read(app, QStringLiteral("AutoLogin"), tag)) == 1;
 
     showPanel(LoginPanel);

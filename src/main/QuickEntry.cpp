@@ -24,8 +24,8 @@ void Kuang::postEntry()
     }
     ui->Cmb->setEditText(CleanInput(ui->Cmb->currentText()));
     ui->Txt->setText(CleanInput(ui->Txt->text()));
-    const PostingCheck check = CheckPosting({s.rights(), ui->Cmb->currentText(), ui->Txt->text(), s.itemLabel(),
-                                             s.quantityLabel(), ui->Lab2->text()});
+    const PostingCheck check = CheckPosting({s.rights(), ui->Cmb->currentText(), ui->Txt->text(),
+                                             s.itemLabel(), s.quantityLabel(), ui->Lab2->text()});
     if (check.refused()) {
         m_ctx.dialogs.inform(check.refusal, check.refusalTitle);
         return;
