@@ -52,6 +52,9 @@ int main(int argc, char** argv)
     YieldEvents(4);
 
     Kuang kuang(context);
+    // Hidden to the tray the window is not closed, so only the user's Yes to closing ends the program.
+    QApplication::setQuitOnLastWindowClosed(false);
+    QObject::connect(&kuang, &Kuang::programEnding, &app, &QApplication::quit, Qt::QueuedConnection);
     kuang.show();
     YieldEvents(1);
     splash->close();

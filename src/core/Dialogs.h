@@ -10,7 +10,9 @@ enum class DialogIcon
     Information,
     Question,
     Warning,
-    Critical
+    Critical,
+    // The program's own icon, as the about box shows it.
+    Application
 };
 enum class DialogButtons
 {

@@ -21,6 +21,7 @@ QMessageBox::Icon toQt(DialogIcon icon)
     case DialogIcon::Critical:
         return QMessageBox::Critical;
     case DialogIcon::None:
+    case DialogIcon::Application:
         break;
     }
     return QMessageBox::NoIcon;
@@ -57,6 +58,8 @@ DialogAnswer QtDialogs::show(const QString& text, const QString& title, DialogIc
         QString(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
     QMessageBox box(toQt(icon), title, shown, qtButtons, QApplication::activeWindow());
     box.setDefaultButton(toQt(defaultAnswer));
+    if (icon == DialogIcon::Application && !QApplication::windowIcon().isNull())
+        box.setIconPixmap(QApplication::windowIcon().pixmap(64, 64));
     switch (box.exec()) {
     case QMessageBox::Yes:
         return DialogAnswer::Yes;

@@ -9,7 +9,20 @@
 
 namespace lanzhou {
 
-QtShell::QtShell(QObject* parent) : QObject(parent) {}
+QtShell::QtShell(QObject* parent) : Shell(parent)
+{
+    const QIcon icon = QApplication::windowIcon().isNull()
+                           ? QApplication::style()->standardIcon(QStyle::SP_ComputerIcon)
+                           : QApplication::windowIcon();
+    m_tray = new QSystemTrayIcon(icon, this);
+    m_tray->setToolTip(QApplication::applicationDisplayName());
+    connect(m_tray, &QSystemTrayIcon::activated, this, [this](QSystemTrayIcon::ActivationReason reason) {
+        if (reason == QSystemTrayIcon::Trigger)
+            emit trayLeftClicked();
+        else if (reason == QSystemTrayIcon::Context)
+            emit trayRightClicked();
+    });
+}
 
 bool QtShell::openUrl(const QString& address)
 {
@@ -27,17 +40,14 @@ void QtShell::setClipboardText(const QString& text)
     clipboard->setText(text);
 }
 
-QSystemTrayIcon* QtShell::trayIcon()
-{
-    if (!m_tray) {
-        m_tray = new QSystemTrayIcon(QApplication::style()->standardIcon(QStyle::SP_ComputerIcon), this);
-    }
-    return m_tray;
-}
-
 void QtShell::setTrayIconVisible(bool visible)
 {
-    trayIcon()->setVisible(visible && QSystemTrayIcon::isSystemTrayAvailable());
+    m_tray->setVisible(visible && QSystemTrayIcon::isSystemTrayAvailable());
+}
+
+bool QtShell::trayIconVisible() const
+{
+    return m_tray->isVisible();
 }
 
 } // namespace lanzhou

@@ -2,14 +2,12 @@
 
 #include "Shell.h"
 
-#include <QObject>
-
 class QSystemTrayIcon;
 
 namespace lanzhou {
 
 // The real desktop: QDesktopServices, the clipboard and a notification-area icon.
-class QtShell final : public QObject, public Shell
+class QtShell final : public Shell
 {
     Q_OBJECT
 public:
@@ -18,9 +16,7 @@ public:
     bool openUrl(const QString& address) override;
     void setClipboardText(const QString& text) override;
     void setTrayIconVisible(bool visible) override;
-
-    // The tray icon, created on first use, so that the main window can connect its menu and clicks.
-    QSystemTrayIcon* trayIcon();
+    bool trayIconVisible() const override;
 
 private:
     QSystemTrayIcon* m_tray = nullptr;

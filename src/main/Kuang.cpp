@@ -3,9 +3,20 @@
 #include "ui_Kuang.h"
 
 #include "AppConstants.h"
+#include "Dialogs.h"
+#include "LedgerAdministration.h"
+#include "LedgerListPanel.h"
+#include "LedgerOpening.h"
+#include "MainMenus.h"
+#include "MainTray.h"
+#include "OperatorLogin.h"
+#include "QuickEntry.h"
+#include "ReportWindows.h"
+#include "Session.h"
 #include "Settings.h"
 #include "WindowRules.h"
 
+#include <QCloseEvent>
 #include <QKeyEvent>
 #include <QTimer>
 
@@ -18,24 +29,31 @@ Kuang::Kuang(const AppContext& context, QWidget* parent)
     ui->LabTop->setText(QStringLiteral("岚 舟 云 记 账"));
     ui->CmdWait->hide();
     ui->Cmd->setDefault(true);
-    ui->Cmb->installEventFilter(this);
-    TakeTypedTextAsIs(ui->Cmb);
+
+    m_ledgerList = new LedgerListPanel(m_ctx, {ui->CmbZbNm, ui->CmbZbID, ui->Cmd2, ui->Cmd, this}, this);
+    m_login = new OperatorLogin(m_ctx, {ui->CmbUser, ui->TxtPwd, ui->Chk, ui->Chk2, ui->labHello}, this);
+    m_opening = new LedgerOpening(m_ctx, *m_login, this);
+    m_quickEntry = new QuickEntry(m_ctx, {ui->Cmb, ui->Txt, ui->Lab4, ui->Lab5}, this);
+    m_reports = new ReportWindows(m_ctx, this);
+    m_administration = new LedgerAdministration(m_ctx, m_ledgerList->ledgers(), this);
+    m_menus = new MainMenus(m_ctx, {ui->CmdMenu, ui->CmdRpt, ui->Lab4, ui->CmdHelp},
+                            {*m_administration, *m_reports, *m_quickEntry}, this);
+    m_tray = new MainTray(m_ctx.shell, this, m_menus->trayMenu());
 
     connect(ui->Cmd, &QPushButton::clicked, this, &Kuang::post);
-    connect(ui->Cmd2, &QPushButton::clicked, this, &Kuang::removeLedger);
-    connect(ui->CmbZbNm, &QComboBox::activated, this, &Kuang::onLedgerPicked);
-    // The hidden ID list always follows the name list.
-    connect(ui->CmbZbNm, &QComboBox::currentIndexChanged, ui->CmbZbID, &QComboBox::setCurrentIndex);
-    connect(ui->CmbUser, &QComboBox::activated, this, &Kuang::onOperatorPicked);
-    connect(ui->Chk, &QCheckBox::toggled, this, &Kuang::onAutoLoginToggled);
-    connect(ui->Chk2, &QCheckBox::toggled, this, &Kuang::onRememberPasswordToggled);
-    connect(ui->Cmb, &QComboBox::activated, this, &Kuang::onItemPicked);
-    connect(ui->Cmb, &QComboBox::editTextChanged, this, &Kuang::hideConfirmation);
-    connect(ui->Txt, &QLineEdit::textChanged, this, &Kuang::onQuantityTextChanged);
-    buildMenus();
-    buildReportMenu();
+    connect(m_ledgerList, &LedgerListPanel::openRequested, this, &Kuang::post);
+    connect(m_opening, &LedgerOpening::waiting, this, &Kuang::showWait);
+    connect(m_login, &OperatorLogin::waiting, this, &Kuang::showWait);
+    connect(m_login, &OperatorLogin::waitingDone, this, &Kuang::hideWait);
+    // Inside the opening the post button is already busy; a pick by hand goes through it.
+    connect(m_login, &OperatorLogin::loginRequested, this, [this] { m_busy ? m_login->login() : post(); });
+    connect(m_login, &OperatorLogin::loggedIn, this, &Kuang::onLoggedIn);
+    connect(m_menus, &MainMenus::loginRequested, this, &Kuang::backToLogin);
+    connect(m_menus, &MainMenus::ledgerSelectionRequested, this, &Kuang::backToLedgerSelection);
+    connect(m_menus, &MainMenus::showWindowRequested, m_tray, &MainTray::showWindow);
+    connect(m_menus, &MainMenus::exitRequested, this, &Kuang::close);
+    connect(&m_ctx.session, &Session::changed, this, &Kuang::refreshFromSession);
 
-    armLedgerPick();
     showPanel(OpenLedgerPanel);
 }
 
@@ -55,15 +73,40 @@ void Kuang::post()
         openLedger();
         break;
     case LoginPanel:
-        login();
+        m_login->login();
         break;
     case EntryPanel:
-        postEntry();
+        m_quickEntry->post();
         break;
     }
     hideWait();
     ui->Cmd->setEnabled(true);
     m_busy = false;
+}
+
+void Kuang::openLedger()
+{
+    const std::optional<LedgerList::Entry> chosen = m_ledgerList->selected();
+    if (!chosen) {
+        m_ctx.dialogs.inform(QStringLiteral("请首先按提示增加账本，然后再【打开账本】！"),
+                             QStringLiteral("提示"));
+        return;
+    }
+    const std::optional<LedgerOpening::Opened> opened = m_opening->open(*chosen, ui->Chk->isChecked());
+    if (!opened)
+        return;
+    showPanel(LoginPanel);
+    if (!m_login->fillOperators(chosen->id)) {
+        showPanel(OpenLedgerPanel);
+        return;
+    }
+    m_login->start(opened->rememberedOperator, opened->autoLogin);
+}
+
+void Kuang::onLoggedIn(const QStringList& items)
+{
+    m_quickEntry->start(items);
+    showPanel(EntryPanel);
 }
 
 void Kuang::showWait(const QString& caption)
@@ -75,6 +118,19 @@ void Kuang::showWait(const QString& caption)
 void Kuang::hideWait()
 {
     ui->CmdWait->hide();
+}
+
+void Kuang::backToLogin()
+{
+    showPanel(LoginPanel);
+    m_login->restart();
+}
+
+void Kuang::backToLedgerSelection()
+{
+    const QString openId = m_ctx.session.ledgerId();
+    showPanel(OpenLedgerPanel);
+    m_ledgerList->selectId(openId);
 }
 
 void Kuang::showEvent(QShowEvent* event)
@@ -95,8 +151,32 @@ void Kuang::openLastLedgerAtStart()
     if (m_ctx.settings.read(app, QStringLiteral("AutoOpen"), tag) != QLatin1String("1") ||
         m_ctx.settings.read(app, QStringLiteral("ZBID"), tag).isEmpty())
         return;
-    if (m_panel == OpenLedgerPanel && ui->CmbZbNm->currentIndex() < m_ledgers.size())
+    if (m_panel == OpenLedgerPanel && m_ledgerList->selected())
         post();
+}
+
+void Kuang::closeEvent(QCloseEvent* event)
+{
+    const bool end = m_ctx.dialogs.askYesNo(
+        QStringLiteral("您确定要退出《") + AppConstants::title() +
+            QStringLiteral("》吗？\n点击<是>退出本软件，点击<否>本窗口将缩小为右下角托盘图标。"),
+        QString(), DialogIcon::Question, DialogAnswer::Yes);
+    if (!end) {
+        event->ignore();
+        m_tray->hideToTray();
+        return;
+    }
+    m_tray->remove();
+    event->accept();
+    emit programEnding();
+}
+
+void Kuang::changeEvent(QEvent* event)
+{
+    QMainWindow::changeEvent(event);
+    // Hidden once the minimising has finished, not in the middle of it.
+    if (event->type() == QEvent::WindowStateChange && isMinimized() && isVisible())
+        QTimer::singleShot(0, m_tray, &MainTray::hideToTray);
 }
 
 void Kuang::keyPressEvent(QKeyEvent* event)
@@ -107,25 +187,6 @@ void Kuang::keyPressEvent(QKeyEvent* event)
         return;
     }
     QMainWindow::keyPressEvent(event);
-}
-
-bool Kuang::eventFilter(QObject* watched, QEvent* event)
-{
-    if (watched == ui->Cmb && m_panel == EntryPanel) {
-        if (event->type() == QEvent::KeyPress) {
-            const int key = static_cast<QKeyEvent*>(event)->key();
-            if (key == Qt::Key_Return || key == Qt::Key_Enter) {
-                ui->Txt->setFocus();
-                return true;
-            }
-        } else if (event->type() == QEvent::FocusOut) {
-            // Opening the list or another window taking over is not leaving the box.
-            const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
-            if (reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason)
-                onItemBoxLeft();
-        }
-    }
-    return QMainWindow::eventFilter(watched, event);
 }
 
 } // namespace lanzhou

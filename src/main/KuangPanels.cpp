@@ -3,7 +3,12 @@
 
 #include "ui_Kuang.h"
 
+#include "Announcement.h"
 #include "AppConstants.h"
+#include "LedgerListPanel.h"
+#include "MainMenus.h"
+#include "OperatorLogin.h"
+#include "QuickEntry.h"
 #include "Session.h"
 #include "Settings.h"
 
@@ -15,15 +20,21 @@ void setShown(std::initializer_list<QWidget*> widgets, bool shown)
     for (QWidget* w : widgets)
         w->setVisible(shown);
 }
+
+const QString kHintStyle = QStringLiteral("color: #555555;");
 } // namespace
 
 void Kuang::showPanel(Panel panel)
 {
     m_panel = panel;
+    m_login->setActive(panel == LoginPanel);
+    m_quickEntry->setActive(panel == EntryPanel);
+    m_menus->setLoggedIn(panel == EntryPanel);
     ui->Cmd2->hide();
     ui->Chk2->hide();
     ui->Lab4->hide();
     ui->Lab5->hide();
+    ui->Lab3->setStyleSheet(kHintStyle);
     switch (panel) {
     case OpenLedgerPanel:
         showOpenLedgerPanel();
@@ -35,13 +46,13 @@ void Kuang::showPanel(Panel panel)
         showEntryPanel();
         break;
     }
+    refreshFromSession();
     // Captions changed width: lay out now, not on the next pass of the event loop.
     ui->centralwidget->layout()->activate();
 }
 
 void Kuang::showOpenLedgerPanel()
 {
-    setWindowTitle(AppConstants::title());
     setShown({ui->Txt, ui->Cmb, ui->CmbUser, ui->TxtPwd, ui->labHello, ui->CmdMenu, ui->CmdRpt}, false);
     setShown({ui->CmbZbNm, ui->Cmd2, ui->Chk, ui->LabWelcome}, true);
     ui->Lab1->clear();
@@ -55,15 +66,14 @@ void Kuang::showOpenLedgerPanel()
     }
     ui->LabWelcome->setText(QStringLiteral("    您好！欢迎使用《") + AppConstants::title() +
                             QStringLiteral("》！"));
-    ui->Lab3->setText(QStringLiteral("    一个账本存放在云端服务器上，凭账本ID在任何电脑上都能打开。\n"
-                                     "    选择账本，然后【打开账本】；第一次使用请点击“点击这里增加账本”。"));
-    loadLedgerList();
+    ui->Lab3->setText(QStringLiteral("    ") +
+                      AppConstants::makerLines().replace(u'\n', QStringLiteral("\n    ")));
+    m_ledgerList->load();
     ui->CmbZbNm->setFocus();
 }
 
 void Kuang::showLoginPanel()
 {
-    setWindowTitle(m_ctx.session.ledgerName() + QStringLiteral(" - ") + AppConstants::title());
     setShown({ui->LabWelcome, ui->CmbZbNm, ui->Cmb, ui->Txt, ui->labHello, ui->CmdRpt}, false);
     setShown({ui->CmbUser, ui->Lab2, ui->TxtPwd, ui->Chk, ui->Chk2, ui->CmdMenu}, true);
     ui->Lab1->setText(QStringLiteral("操作员"));
@@ -78,19 +88,41 @@ void Kuang::showLoginPanel()
 
 void Kuang::showEntryPanel()
 {
-    const Session& s = m_ctx.session;
-    setWindowTitle(s.ledgerName() + QStringLiteral(" - ") + AppConstants::title());
     setShown({ui->CmbUser, ui->TxtPwd, ui->Chk, ui->Chk2, ui->LabWelcome, ui->CmbZbNm}, false);
     setShown({ui->Cmb, ui->Txt, ui->CmdMenu, ui->CmdRpt}, true);
-    ui->Lab1->setText(s.itemLabel());
-    ui->Lab2->setText(s.quantityLabel() + QStringLiteral("增减"));
     ui->Cmd->setText(QStringLiteral(" 记 账 "));
     ui->Txt->clear();
+    ui->Cmb->setFocus();
+}
+
+void Kuang::refreshFromSession()
+{
+    const Session& s = m_ctx.session;
+    setWindowTitle(m_panel == OpenLedgerPanel
+                       ? AppConstants::title()
+                       : s.ledgerName() + QStringLiteral(" - ") + AppConstants::title());
+    if (m_panel != EntryPanel)
+        return;
+    ui->Lab1->setText(s.itemLabel());
+    ui->Lab2->setText(s.quantityLabel() + QStringLiteral("增减"));
+    showAnnouncementOrHint();
+}
+
+// The ledger's announcement in its colour; without one, how to post.
+void Kuang::showAnnouncementOrHint()
+{
+    const Session& s = m_ctx.session;
+    if (!s.announcement().isEmpty()) {
+        const Announcement announcement = Announcement::Parse(s.announcement());
+        ui->Lab3->setStyleSheet(QStringLiteral("color: %1;").arg(announcement.colour.name()));
+        ui->Lab3->setText(announcement.text);
+        return;
+    }
+    ui->Lab3->setStyleSheet(kHintStyle);
     ui->Lab3->setText(QStringLiteral("    请输入或选择") + s.itemLabel() + QStringLiteral("，然后输入") +
                       s.quantityLabel() +
                       QStringLiteral("变动情况。\n     如：增加10，输入“+10”，减少5，输入“-5”。\n"
                                      "     数字后面加空格再加文字，如“-5 计划外”，即表示备注说明。"));
-    ui->Cmb->setFocus();
 }
 
 } // namespace lanzhou

@@ -1,8 +1,4 @@
-// The local ledger list on the open-ledger panel: names in CmbZbNm, IDs in the hidden CmbZbID,
-// the add-entry line last; adding through the ledger window and removing from this computer.
-#include "Kuang.h"
-
-#include "ui_Kuang.h"
+#include "LedgerListPanel.h"
 
 #include "AppConstants.h"
 #include "Dialogs.h"
@@ -11,107 +7,137 @@
 #include "Settings.h"
 #include "ZbTyp.h"
 
+#include <QComboBox>
+#include <QPushButton>
+
 namespace lanzhou {
 
 namespace {
-const QString kLedgerPickArmed = QStringLiteral("CmbZbNm事件增加账套");
+const QString kPickArmed = QStringLiteral("CmbZbNm事件增加账套");
 }
 
-void Kuang::armLedgerPick()
+LedgerListPanel::LedgerListPanel(const AppContext& context, const Widgets& widgets, QObject* parent)
+    : QObject(parent), m_ctx(context), m_w(widgets), m_pickGuard(kPickArmed)
 {
-    m_ledgerPickGuard = kLedgerPickArmed;
+    connect(m_w.names, &QComboBox::activated, this, &LedgerListPanel::onPicked);
+    // The hidden ID list always follows the name list.
+    connect(m_w.names, &QComboBox::currentIndexChanged, m_w.ids, &QComboBox::setCurrentIndex);
+    connect(m_w.remove, &QPushButton::clicked, this, &LedgerListPanel::removeLedger);
+    connect(&m_ctx.session, &Session::changed, this, &LedgerListPanel::followSessionName);
 }
 
-void Kuang::loadLedgerList()
+void LedgerListPanel::load()
 {
     m_ledgers.load(m_ctx.settings);
-    const QString last =
-        m_ctx.settings.read(AppConstants::settingsApp(), QStringLiteral("ZBID"), AppConstants::settingsTag());
-    fillLedgerCombos();
-    selectLedger(m_ledgers.indexOfId(last));
+    fillCombos();
+    select(m_ledgers.indexOfId(m_ctx.settings.read(AppConstants::settingsApp(), QStringLiteral("ZBID"),
+                                                   AppConstants::settingsTag())));
 }
 
-void Kuang::fillLedgerCombos()
+std::optional<LedgerList::Entry> LedgerListPanel::selected() const
 {
-    const QString guard = std::exchange(m_ledgerPickGuard, QString());
-    ui->CmbZbNm->clear();
-    ui->CmbZbID->clear();
+    const int index = m_w.names->currentIndex();
+    if (index < 0 || index >= m_ledgers.size())
+        return std::nullopt;
+    return m_ledgers.entries().at(index);
+}
+
+void LedgerListPanel::selectId(const QString& id)
+{
+    select(m_ledgers.indexOfId(id));
+}
+
+void LedgerListPanel::fillCombos()
+{
+    const QString guard = std::exchange(m_pickGuard, QString());
+    m_w.names->clear();
+    m_w.ids->clear();
     for (const LedgerList::Entry& entry : m_ledgers.entries()) {
-        ui->CmbZbNm->addItem(entry.name);
-        ui->CmbZbID->addItem(entry.id);
+        m_w.names->addItem(entry.name);
+        m_w.ids->addItem(entry.id);
     }
-    ui->CmbZbNm->addItem(LedgerList::addEntryText());
-    ui->CmbZbID->addItem(QString());
-    ui->CmbZbNm->setCurrentIndex(-1);
-    m_ledgerPickGuard = guard;
+    m_w.names->addItem(LedgerList::addEntryText());
+    m_w.ids->addItem(QString());
+    m_w.names->setCurrentIndex(-1);
+    m_pickGuard = guard;
 }
 
-void Kuang::saveLedgerList()
+void LedgerListPanel::select(int index)
 {
-    m_ledgers.save(m_ctx.settings);
+    const QString guard = std::exchange(m_pickGuard, QString());
+    m_w.names->setCurrentIndex(index);
+    m_pickGuard = guard;
 }
 
-void Kuang::selectLedger(int index)
+void LedgerListPanel::onPicked(int index)
 {
-    const QString guard = std::exchange(m_ledgerPickGuard, QString());
-    ui->CmbZbNm->setCurrentIndex(index);
-    m_ledgerPickGuard = guard;
-}
-
-void Kuang::onLedgerPicked(int index)
-{
-    if (m_ledgerPickGuard != kLedgerPickArmed || index != m_ledgers.size())
+    if (m_pickGuard != kPickArmed || index != m_ledgers.size())
         return;
-    m_ledgerPickGuard.clear();
-    ui->Cmd->setFocus();
+    m_pickGuard.clear();
+    m_w.postButton->setFocus();
     addLedger();
-    armLedgerPick();
+    m_pickGuard = kPickArmed;
 }
 
-void Kuang::addLedger()
+void LedgerListPanel::addLedger()
 {
     const int before = m_ledgers.size();
     m_ledgers.selected = -1;
     m_ctx.session.modalResult.clear();
-    ZbTyp dialog(m_ctx, m_ledgers, ZbTyp::Mode::AddLedger, this);
+    ZbTyp dialog(m_ctx, m_ledgers, ZbTyp::Mode::AddLedger, m_w.window);
     dialog.exec();
     const bool ok = m_ctx.session.modalResult == QLatin1String("OK");
-    fillLedgerCombos();
+    fillCombos();
     if (!ok || m_ledgers.selected < 0)
         return;
     if (m_ledgers.size() == before) {
-        selectLedger(m_ledgers.selected);
+        select(m_ledgers.selected);
         return;
     }
-    saveLedgerList();
+    m_ledgers.save(m_ctx.settings);
     const QString name = m_ledgers.entries().at(m_ledgers.selected).name;
     const bool openNow = m_ctx.dialogs.askYesNo(
         QStringLiteral("已经把账本【") + name + QStringLiteral("】加入账本列表框，\n是否现在就打开该账本？"),
         QString(), DialogIcon::Information, DialogAnswer::No);
-    selectLedger(m_ledgers.selected);
+    select(m_ledgers.selected);
     if (openNow) {
         YieldEvents(6);
-        post();
+        emit openRequested();
     }
 }
 
-void Kuang::removeLedger()
+void LedgerListPanel::removeLedger()
 {
-    const int index = ui->CmbZbNm->currentIndex();
-    if (index < 0 || index >= m_ledgers.size()) {
+    const std::optional<LedgerList::Entry> chosen = selected();
+    if (!chosen) {
         m_ctx.dialogs.inform(QStringLiteral("没有账本可删除！"));
         return;
     }
-    const QString name = m_ledgers.entries().at(index).name;
-    if (!m_ctx.dialogs.askYesNo(QStringLiteral("真的要删除《") + name + QStringLiteral("》这个账本吗？"),
+    if (!m_ctx.dialogs.askYesNo(QStringLiteral("真的要删除《") + chosen->name +
+                                    QStringLiteral("》这个账本吗？"),
                                 QString(), DialogIcon::Question, DialogAnswer::No))
         return;
+    const int index = m_w.names->currentIndex();
     m_ledgers.removeAt(index);
-    saveLedgerList();
+    m_ledgers.save(m_ctx.settings);
     m_ctx.settings.write(AppConstants::settingsApp(), QStringLiteral("ZBID"), AppConstants::settingsTag(),
                          QString());
-    fillLedgerCombos();
-    selectLedger(qMax(0, index - 1));
+    fillCombos();
+    select(qMax(0, index - 1));
+}
+
+// A renamed open ledger keeps its new name in the list of this computer too.
+void LedgerListPanel::followSessionName()
+{
+    const Session& s = m_ctx.session;
+    const int index = m_ledgers.indexOfId(s.ledgerId());
+    if (index < 0 || s.ledgerName().isEmpty() || m_ledgers.entries().at(index).name == s.ledgerName())
+        return;
+    m_ledgers.rename(index, s.ledgerName());
+    m_ledgers.save(m_ctx.settings);
+    const QString guard = std::exchange(m_pickGuard, QString());
+    m_w.names->setItemText(index, s.ledgerName());
+    m_pickGuard = guard;
 }
 
 } // namespace lanzhou

@@ -1,7 +1,4 @@
-// Quick entry on the entry panel: the item box, the quantity box and posting one movement.
-#include "Kuang.h"
-
-#include "ui_Kuang.h"
+#include "QuickEntry.h"
 
 #include "Clock.h"
 #include "Database.h"
@@ -11,21 +8,64 @@
 #include "EventLoop.h"
 #include "QuickEntryRules.h"
 #include "Session.h"
+#include "Settings.h"
 #include "TextUtils.h"
+#include "WindowRules.h"
+
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
 
 namespace lanzhou {
 
-void Kuang::postEntry()
+namespace {
+const QString kAutoShowKey = QStringLiteral("AutoShowSL");
+}
+
+QuickEntry::QuickEntry(const AppContext& context, const Widgets& widgets, QObject* parent)
+    : QObject(parent), m_ctx(context), m_w(widgets)
+{
+    m_w.itemBox->installEventFilter(this);
+    TakeTypedTextAsIs(m_w.itemBox);
+    connect(m_w.itemBox, &QComboBox::activated, this, &QuickEntry::onItemPicked);
+    connect(m_w.itemBox, &QComboBox::editTextChanged, this, &QuickEntry::hideConfirmation);
+    connect(m_w.quantityBox, &QLineEdit::textChanged, this, &QuickEntry::onQuantityTextChanged);
+}
+
+void QuickEntry::start(const QStringList& items)
+{
+    {
+        const QSignalBlocker quiet(m_w.itemBox);
+        m_w.itemBox->clear();
+        m_w.itemBox->addItems(items);
+        m_w.itemBox->setCurrentIndex(-1);
+    }
+    const Session& s = m_ctx.session;
+    m_ctx.session.setItems(items);
+    m_autoShowSetting =
+        m_ctx.settings.read(s.ledgerId(), s.operatorName(), kAutoShowKey) != QLatin1String("False");
+    m_shownItem.clear();
+    m_runningTotal = 0;
+}
+
+bool QuickEntry::showsByItself() const
+{
+    return m_autoShowSetting && m_ctx.session.hasRight(Right::SeeQuantity);
+}
+
+void QuickEntry::post()
 {
     Session& s = m_ctx.session;
     if (HasNoPostingRight(s.rights())) {
         m_ctx.dialogs.inform(NoPostingRightText(), QStringLiteral("提示"));
         return;
     }
-    ui->Cmb->setEditText(CleanInput(ui->Cmb->currentText()));
-    ui->Txt->setText(CleanInput(ui->Txt->text()));
-    const PostingCheck check = CheckPosting({s.rights(), ui->Cmb->currentText(), ui->Txt->text(),
-                                             s.itemLabel(), s.quantityLabel(), ui->Lab2->text()});
+    m_w.itemBox->setEditText(CleanInput(m_w.itemBox->currentText()));
+    m_w.quantityBox->setText(CleanInput(m_w.quantityBox->text()));
+    const PostingCheck check =
+        CheckPosting({s.rights(), m_w.itemBox->currentText(), m_w.quantityBox->text(), s.itemLabel(),
+                      s.quantityLabel(), s.quantityLabel() + QStringLiteral("增减")});
     if (check.refused()) {
         m_ctx.dialogs.inform(check.refusal, check.refusalTitle);
         return;
@@ -41,43 +81,52 @@ void Kuang::postEntry()
         return;
     }
 
-    ui->Txt->clear();
+    m_w.quantityBox->clear();
     YieldEvents(7);
-    if (ui->Cmb->findText(p.item) < 0) {
-        const QSignalBlocker quiet(ui->Cmb);
-        const QString typed = ui->Cmb->currentText();
-        ui->Cmb->addItem(p.item);
-        ui->Cmb->setEditText(typed);
+    if (m_w.itemBox->findText(p.item) < 0) {
+        const QSignalBlocker quiet(m_w.itemBox);
+        const QString typed = m_w.itemBox->currentText();
+        m_w.itemBox->addItem(p.item);
+        m_w.itemBox->setEditText(typed);
         s.addItem(p.item);
     }
-    ui->Lab5->setText(p.numberText + QStringLiteral("  已保存！"));
-    if (m_autoShowQuantity) {
+    m_w.savedLine->setText(p.numberText + QStringLiteral("  已保存！"));
+    if (showsByItself()) {
         if (m_shownItem.isEmpty()) {
             m_shownItem = p.item;
             m_runningTotal = p.quantity;
         } else {
             m_runningTotal += p.quantity;
         }
-        ui->Lab4->setText(QStringLiteral("当前") + s.quantityLabel() + QStringLiteral("：") +
-                          FormatQuantity(m_runningTotal));
-        ui->Lab4->show();
-    } else if (ui->Lab4->text() != QStringLiteral("新") + s.itemLabel()) {
-        showQuantityLine();
+        showTotal(FormatQuantity(m_runningTotal));
+    } else if (m_w.quantityLine->text() != QStringLiteral("新") + s.itemLabel()) {
+        showInvitation();
     }
     YieldEvents(2);
-    ui->Lab5->show();
+    m_w.savedLine->show();
 }
 
-void Kuang::fillItems(const QStringList& items)
+void QuickEntry::setAutoShow(bool on)
 {
-    const QSignalBlocker quiet(ui->Cmb);
-    ui->Cmb->clear();
-    ui->Cmb->addItems(items);
-    ui->Cmb->setCurrentIndex(-1);
-    m_ctx.session.setItems(items);
+    const Session& s = m_ctx.session;
+    m_autoShowSetting = on;
+    m_ctx.settings.write(s.ledgerId(), s.operatorName(), kAutoShowKey,
+                         on ? QStringLiteral("True") : QStringLiteral("False"));
+    if (!showsByItself())
+        showInvitation();
+    else if (!m_w.itemBox->currentText().isEmpty())
+        showQuantityOnce();
 }
 
-QString Kuang::ShowItemTotal(const QString& item)
+void QuickEntry::showQuantityOnce()
+{
+    const QString item = CleanInput(m_w.itemBox->currentText());
+    if (item.isEmpty() || !m_ctx.session.hasRight(Right::SeeQuantity))
+        return;
+    showTotal(readItemTotal(item));
+}
+
+QString QuickEntry::readItemTotal(const QString& item)
 {
     Database& db = m_ctx.db;
     const QString found = db.RunQuery(QStringLiteral("select sum(SL) from Zhang Where Zbid='") +
@@ -88,63 +137,88 @@ QString Kuang::ShowItemTotal(const QString& item)
     return FormatQuantity(m_runningTotal);
 }
 
-// The status line when the quantity is not shown by itself: an invitation to look, with right 4.
-void Kuang::showQuantityLine()
+void QuickEntry::showTotal(const QString& totalText)
 {
-    ui->Lab4->setText(m_ctx.session.hasRight(Right::SeeQuantity)
-                          ? QStringLiteral("点击这里查看") + m_ctx.session.quantityLabel()
-                          : QString());
+    m_w.quantityLine->setText(QStringLiteral("当前") + m_ctx.session.quantityLabel() + QStringLiteral("：") +
+                              totalText);
+    m_w.quantityLine->show();
 }
 
-void Kuang::onItemPicked()
+// The status line when the quantity is not shown by itself: an invitation to look, with right 4.
+void QuickEntry::showInvitation()
 {
-    if (m_panel != EntryPanel)
+    m_w.quantityLine->setText(m_ctx.session.hasRight(Right::SeeQuantity)
+                                  ? QStringLiteral("点击这里查看") + m_ctx.session.quantityLabel()
+                                  : QString());
+}
+
+void QuickEntry::onItemPicked()
+{
+    if (!m_active)
         return;
     hideConfirmation();
-    ui->Lab4->show();
+    m_w.quantityLine->show();
     YieldEvents(5);
-    if (m_autoShowQuantity)
-        ui->Lab4->setText(QStringLiteral("当前") + m_ctx.session.quantityLabel() + QStringLiteral("：") +
-                          ShowItemTotal(ui->Cmb->currentText()));
+    if (showsByItself())
+        showTotal(readItemTotal(m_w.itemBox->currentText()));
     else
-        showQuantityLine();
+        showInvitation();
 }
 
-void Kuang::onItemBoxLeft()
+void QuickEntry::onItemBoxLeft()
 {
     hideConfirmation();
-    const QString item = CleanInput(ui->Cmb->currentText());
-    ui->Cmb->setEditText(item);
+    const QString item = CleanInput(m_w.itemBox->currentText());
+    m_w.itemBox->setEditText(item);
     if (item.isEmpty())
         return;
-    const int index = ui->Cmb->findText(item, Qt::MatchFixedString);
+    const int index = m_w.itemBox->findText(item, Qt::MatchFixedString);
     if (index >= 0) {
-        ui->Cmb->setCurrentIndex(index);
+        m_w.itemBox->setCurrentIndex(index);
         onItemPicked();
     } else {
-        ui->Lab4->setText(QStringLiteral("新") + m_ctx.session.itemLabel());
-        ui->Lab4->show();
+        m_w.quantityLine->setText(QStringLiteral("新") + m_ctx.session.itemLabel());
+        m_w.quantityLine->show();
         // A new item has no total yet: the next posting starts its running total afresh.
         m_shownItem.clear();
         m_runningTotal = 0;
     }
 }
 
-void Kuang::onQuantityTextChanged(const QString& text)
+void QuickEntry::onQuantityTextChanged(const QString& text)
 {
-    if (m_panel != EntryPanel)
+    if (!m_active)
         return;
     hideConfirmation();
     const QString signedText = WithAutomaticSign(text);
     if (signedText != text) {
-        ui->Txt->setText(signedText);
-        ui->Txt->setCursorPosition(int(signedText.size()));
+        m_w.quantityBox->setText(signedText);
+        m_w.quantityBox->setCursorPosition(int(signedText.size()));
     }
 }
 
-void Kuang::hideConfirmation()
+void QuickEntry::hideConfirmation()
 {
-    ui->Lab5->hide();
+    m_w.savedLine->hide();
+}
+
+bool QuickEntry::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_w.itemBox && m_active) {
+        if (event->type() == QEvent::KeyPress) {
+            const int key = static_cast<QKeyEvent*>(event)->key();
+            if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+                m_w.quantityBox->setFocus();
+                return true;
+            }
+        } else if (event->type() == QEvent::FocusOut) {
+            // Opening the list or another window taking over is not leaving the box.
+            const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+            if (reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason)
+                onItemBoxLeft();
+        }
+    }
+    return QObject::eventFilter(watched, event);
 }
 
 } // namespace lanzhou

@@ -1,0 +1,64 @@
+#include "LedgerAdministration.h"
+
+#include "Database.h"
+#include "Dialogs.h"
+#include "Rights.h"
+#include "Session.h"
+#include "Shell.h"
+#include "TextUtils.h"
+#include "ZbTyp.h"
+
+#include <QWidget>
+
+namespace lanzhou {
+
+LedgerAdministration::LedgerAdministration(const AppContext& context, LedgerList& ledgers, QWidget* window)
+    : QObject(window), m_ctx(context), m_ledgers(ledgers), m_window(window)
+{}
+
+void LedgerAdministration::showLedgerId()
+{
+    const Session& s = m_ctx.session;
+    const QString question = QStringLiteral("您的账本《") + s.ledgerName() +
+                             QStringLiteral("》在服务器上的ID号是：\n         ") + s.ledgerId() +
+                             QStringLiteral("\n请牢记这个ID号，以便在其他电脑上使用时凭此连接账本。\n"
+                                            "是否需要复制这个ID号，以便您直接粘贴到需要的位置？");
+    if (!m_ctx.dialogs.askYesNo(question, QStringLiteral("账本ID"), DialogIcon::Question, DialogAnswer::Yes))
+        return;
+    m_ctx.shell.setClipboardText(s.ledgerId());
+    m_ctx.dialogs.inform(QStringLiteral("已经复制“") + s.ledgerId() +
+                         QStringLiteral("”！\n您可以粘贴到您需要的位置！"));
+}
+
+void LedgerAdministration::rename()
+{
+    if (!RequireRight(m_ctx, Right::Administer))
+        return;
+    Session& s = m_ctx.session;
+    const QString before = s.ledgerName();
+    s.modalResult.clear();
+    ZbTyp dialog(m_ctx, m_ledgers, ZbTyp::Mode::NameOnly, m_window);
+    dialog.exec();
+    const QString name = s.ledgerName();
+    if (s.modalResult != QLatin1String("OK") || name == before)
+        return;
+    const QString updated =
+        m_ctx.db.RunQuery(QStringLiteral("update zblst set zbnm='") + SqlLiteral(name) +
+                          QStringLiteral("' where zbid='") + SqlLiteral(s.ledgerId()) + u'\'');
+    if (updated != QLatin1String("OK")) {
+        // The server keeps the old name, and so does everything shown.
+        m_ctx.dialogs.inform(QStringLiteral("连接服务器失败，请重试！"), QStringLiteral("提示"));
+        s.setLedgerName(before);
+    }
+}
+
+void LedgerAdministration::changeType()
+{
+    if (!RequireRight(m_ctx, Right::Administer))
+        return;
+    m_ctx.session.modalResult.clear();
+    ZbTyp dialog(m_ctx, m_ledgers, ZbTyp::Mode::TypeSettings, m_window);
+    dialog.exec();
+}
+
+} // namespace lanzhou

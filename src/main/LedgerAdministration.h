@@ -1,0 +1,33 @@
+#pragma once
+
+#include "AppContext.h"
+
+#include <QObject>
+
+class QWidget;
+
+namespace lanzhou {
+
+class LedgerList;
+
+// The ledger menu's administration entries: the ledger's ID, its name and type, its operators,
+// one's own password and the announcement. Each checks its right, opens its window modally, and
+// leaves what changed in the session, from which the main window refreshes.
+class LedgerAdministration : public QObject
+{
+    Q_OBJECT
+public:
+    LedgerAdministration(const AppContext& context, LedgerList& ledgers, QWidget* window);
+
+    // Shows the ledger's ID and offers to copy it.
+    void showLedgerId();
+    void rename();
+    void changeType();
+
+private:
+    AppContext m_ctx;
+    LedgerList& m_ledgers;
+    QWidget* m_window;
+};
+
+} // namespace lanzhou
