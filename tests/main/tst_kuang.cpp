@@ -13,7 +13,9 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMenu>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QSqlDatabase>
 #include <QSqlQuery>
 #include <QTest>
@@ -84,6 +86,16 @@ void prepareLedger(TestContext& t, const QString& id, const QString& name, const
     t.exec(u"insert into UsrLst (ZBID,Usr,PWD,QX) values ('%1','%2','%3',%4)"_s.arg(
         id, op, password, rights.isNull() ? u"NULL"_s : u'\'' + rights + u'\''));
     rememberLedger(t, id, name);
+}
+
+// Runs `steps` on the modal window that the next action opens.
+void whenModal(const std::function<void(const WindowDriver&)>& steps)
+{
+    QTimer::singleShot(0, [steps] {
+        QWidget* dialog = QApplication::activeModalWidget();
+        QVERIFY(dialog);
+        steps(WindowDriver(dialog));
+    });
 }
 
 // Adds a ledger through the ledger window, which `steps` fill in once it shows.
@@ -397,6 +409,14 @@ private slots:
         QCOMPARE(d.text(u"Lab4"_s), u"点击这里查看存量"_s);
         d.enter(u"垫片"_s, u"+1"_s);
         QCOMPARE(d.text(u"Lab4"_s), u"点击这里查看存量"_s);
+        // A click on the line looks once, or switches the display back on for this operator.
+        d.chooseMenu(u"Lab4"_s, u"Menu_SeeSL"_s);
+        QCOMPARE(d.text(u"Lab4"_s), u"当前存量：6.5"_s);
+        d.chooseMenu(u"Lab4"_s, u"Menu_AutoShowSet"_s);
+        QCOMPARE(d.w<QAction>(u"Menu_AutoShowSet"_s)->text(), u"自动显示存量"_s);
+        QCOMPARE(t.settings.read(u"L1"_s, u"管理员"_s, u"AutoShowSL"_s), u"True"_s);
+        d.enter(u"垫片"_s, u"+1"_s);
+        QCOMPARE(d.text(u"Lab4"_s), u"当前存量：7.5"_s);
 
         // Each report opens once, in a window of its own, however often it is asked for.
         for (const auto& [entry, window] : {std::pair{u"Menu_JxcMx"_s, u"MxLst"_s},
@@ -410,6 +430,96 @@ private slots:
             QCOMPARE(opened.size(), 1);
             QVERIFY(opened.first()->isVisible() && opened.first()->isWindow());
         }
+    }
+
+    // The ledger menu's own entries, the help menu, closing and the tray.
+    void shellMenusAndTray_data() { addBackendRows(); }
+    void shellMenusAndTray()
+    {
+        QFETCH(QString, backend);
+        TestContext t(backend);
+        prepareLedger(t, u"L1"_s, u"五金仓库"_s);
+        KuangDriver d(t.context());
+        d.post();
+        d.post();
+
+        t.dialogs.queueAnswer(DialogAnswer::Yes);
+        d.chooseMenu(u"CmdMenu"_s, u"Menu_SeeZbID"_s);
+        QCOMPARE(t.dialogs.shown().at(0).title, u"账本ID"_s);
+        QCOMPARE(t.dialogs.texts(), (QStringList{u"您的账本《五金仓库》在服务器上的ID号是：\n         L1\n"
+                                                 u"请牢记这个ID号，以便在其他电脑上使用时凭此连接账本。\n"
+                                                 u"是否需要复制这个ID号，以便您直接粘贴到需要的位置？"_s,
+                                                 u"已经复制“L1”！\n您可以粘贴到您需要的位置！"_s}));
+        QCOMPARE(t.shell.clipboard, u"L1"_s);
+
+        // A new name reaches the server, the title and this computer's list; a failed update keeps
+        // the old name everywhere.
+        const auto rename = [&d](const QString& name) {
+            whenModal([name](const WindowDriver& z) {
+                z.type(u"TxtZbNm"_s, name);
+                z.press(u"TxtZbNm"_s, Qt::Key_Return);
+            });
+            d.chooseMenu(u"CmdMenu"_s, u"Menu_ReName"_s);
+        };
+        t.setServerDown(true);
+        rename(u"总仓"_s);
+        QCOMPARE(lastMessage(t), (QStringList{u"提示"_s, u"连接服务器失败，请重试！"_s}));
+        t.setServerDown(false);
+        QCOMPARE(d.kuang->windowTitle() + setting(t.settings, u"FR"_s, u"0Z"_s),
+                 u"五金仓库 - 岚舟云记账软件L1#五金仓库"_s);
+        rename(u"总仓's,1"_s);
+        QCOMPARE(t.text(u"select ZbNm from ZbLst where ZBid='L1'"_s), u"总仓s，1"_s);
+        QCOMPARE(d.kuang->windowTitle() + setting(t.settings, u"FR"_s, u"0Z"_s),
+                 u"总仓s，1 - 岚舟云记账软件L1#总仓s，1"_s);
+
+        // New labels show at once in the captions and the hint.
+        whenModal([](const WindowDriver& z) {
+            z.click(u"Opt_0"_s);
+            z.click(u"Cmd_0"_s);
+        });
+        d.chooseMenu(u"CmdMenu"_s, u"Menu_ZbTyp"_s);
+        QCOMPARE(t.text(u"select Item,SL from ZbLst where ZBid='L1'"_s), u"账户|余额"_s);
+        QCOMPARE(d.text(u"Lab1"_s) + d.text(u"Lab2"_s), u"账户余额增减"_s);
+        QVERIFY(d.text(u"Lab3"_s).startsWith(u"    请输入或选择账户，然后输入余额变动情况。"_s));
+
+        // Without right 1 neither window opens.
+        t.session.setRights(u"0"_s);
+        t.dialogs.clear();
+        d.chooseMenu(u"CmdMenu"_s, u"Menu_ReName"_s);
+        d.chooseMenu(u"CmdMenu"_s, u"Menu_ZbTyp"_s);
+        QCOMPARE(t.dialogs.texts(), QStringList(2, u"对不起，您无此权限！"_s));
+
+        d.chooseMenu(u"CmdHelp"_s, u"Menu_About"_s);
+        const auto about = t.dialogs.shown().constLast();
+        QCOMPARE(about.title + about.text.section(u'\n', 0, 0), u"关于本软件岚舟云记账软件 FR2.0"_s);
+        QCOMPARE(about.icon, DialogIcon::Application);
+        d.chooseMenu(u"CmdHelp"_s, u"Menu_ToWeb"_s);
+        QCOMPARE(t.shell.openedUrls, QStringList{AppConstants::webSite()});
+        saveScreenshot(d.window(), u"menus.png"_s);
+
+        // No keeps the program in the tray; a left click brings it back, a right click its menu;
+        // Yes from the tray menu ends it.
+        QSignalSpy ending(d.kuang.get(), &Kuang::programEnding);
+        t.dialogs.queueAnswer(DialogAnswer::No);
+        d.kuang->close();
+        const auto closing = t.dialogs.shown().constLast();
+        QCOMPARE(closing.text, u"您确定要退出《岚舟云记账软件》吗？\n"
+                               u"点击<是>退出本软件，点击<否>本窗口将缩小为右下角托盘图标。"_s);
+        QCOMPARE(closing.icon, DialogIcon::Question);
+        QVERIFY(!d.kuang->isVisible() && t.shell.trayVisible);
+        t.shell.clickTray(Qt::LeftButton);
+        QVERIFY(d.kuang->isVisible());
+        d.kuang->showMinimized();
+        QTRY_VERIFY(!d.kuang->isVisible());
+        t.shell.clickTray(Qt::RightButton);
+        auto* trayMenu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        QVERIFY(trayMenu && trayMenu->objectName() == u"traymenu"_s);
+        t.dialogs.queueAnswer(DialogAnswer::Yes);
+        trayMenu->findChild<QAction*>(u"MenuExit"_s)->trigger();
+        trayMenu->close();
+        QCOMPARE(ending.count(), 1);
+        QVERIFY(!t.shell.trayVisible);
+        QCOMPARE(d.panel(), Kuang::EntryPanel);
     }
 
     // The item is exactly the typed text; leaving the box matches a whole item in any letter case, and a

@@ -1,6 +1,5 @@
 #include "WindowDriver.h"
 
-#include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
@@ -57,7 +56,7 @@ void WindowDriver::activate() const
 
 void WindowDriver::click(const QString& buttonName) const
 {
-    QTest::mouseClick(w<QAbstractButton>(buttonName), Qt::LeftButton);
+    QTest::mouseClick(w<QWidget>(buttonName), Qt::LeftButton);
 }
 
 void WindowDriver::press(const QString& name, Qt::Key key) const

@@ -31,6 +31,7 @@ public:
 
     // Makes the window the active one again, as after a dialog or another window closed.
     void activate() const;
+    // Clicks a button, or any control that reacts to a click.
     void click(const QString& buttonName) const;
     // Presses a key in a control (Enter, Tab, ...).
     void press(const QString& name, Qt::Key key) const;
@@ -39,7 +40,7 @@ public:
     void pickIndex(const QString& comboName, int index) const;
     // Replaces the text of a line box or an editable combo box by typing it key by key.
     void type(const QString& boxName, const QString& text) const;
-    // Chooses an entry of the menu that a button pops up.
+    // Chooses an entry of the menu that a click on a control pops up.
     void chooseMenu(const QString& buttonName, const QString& actionName) const;
     void clickLine(const QString& listName, int row) const;
     void doubleClickLine(const QString& listName, int row) const;
