@@ -209,7 +209,15 @@ private slots:
         QFETCH(QString, backend);
         Fixture f(backend);
         f.open<UsrGL>();
+        // In browse mode a box hands the focus on to 修 改; while editing it keeps it.
+        const auto focusOnBox = [&f] {
+            f.d.activate();
+            f.d.w<QCheckBox>(u"Chk_3"_s)->setFocus();
+            return QApplication::focusWidget()->objectName();
+        };
+        QCOMPARE(focusOnBox(), u"Cmd_2"_s);
         f.d.click(u"Cmd_2"_s);
+        QCOMPARE(focusOnBox(), u"Chk_3"_s);
         QVERIFY(!f.d.w<QCheckBox>(u"Chk_0"_s)->isEnabled());
         f.d.click(u"Chk_13"_s);
         f.d.click(u"Cmd_0"_s);
