@@ -1,0 +1,337 @@
+#include "TestContext.h"
+#include "WindowDriver.h"
+
+#include "Rights.h"
+#include "UsrGL.h"
+#include "UsrPwd.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QSqlDatabase>
+#include <QSqlQuery>
+#include <QTest>
+#include <QTimer>
+
+using namespace lanzhou;
+using namespace lanzhou::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// A ledger "L1" whose logged-in operator is 管理员, with more operators (name, rights) on the server
+// and in the session's operator list, and the operator window or the password window shown.
+struct Fixture
+{
+    explicit Fixture(const QString& backend, const QList<QStringList>& more = {}) : t(backend)
+    {
+        t.openLedger(u"L1"_s, u"家庭账"_s);
+        QStringList names{u"管理员"_s};
+        for (const QStringList& op : more) {
+            t.exec(u"insert into UsrLst (ZBID,Usr,PWD,QX) values ('L1','%1','','%2')"_s.arg(
+                QString(op[0]).replace(u"'"_s, u"''"_s), op[1]));
+            names.append(op[0]);
+        }
+        t.session.setOperators(names);
+    }
+    template <class W, class... Mode> W& open(Mode... mode)
+    {
+        auto* window = new W(t.context(), mode...);
+        owned.reset(window);
+        window->show();
+        d.setWindow(window);
+        return *window;
+    }
+    // The 16 boxes as a rights string.
+    QString boxes() const
+    {
+        QString s;
+        for (int i = 0; i < Rights::count; ++i)
+            s += d.w<QCheckBox>(u"Chk_%1"_s.arg(i))->isChecked() ? u'1' : u'0';
+        return s;
+    }
+    QStringList said()
+    {
+        const QStringList texts = t.dialogs.texts();
+        t.dialogs.clear();
+        return texts;
+    }
+    QString row(const QString& name)
+    {
+        return t.text(u"select Usr,PWD,coalesce(QX,'') from UsrLst where ZBID='L1' and Usr='"_s + name +
+                      u'\'');
+    }
+
+    TestContext t;
+    std::unique_ptr<QWidget> owned;
+    WindowDriver d;
+};
+
+const QString kAll = u"1111111111111111"_s;
+
+// Makes the server refuse to write the password "down", as a server that goes away right after
+// the old row was removed would.
+void refusePasswordDown(TestContext& t)
+{
+    const DbConfig& c = t.db->config();
+    const bool lite = c.kind == ServerKind::Sqlite;
+    {
+        QSqlDatabase db = QSqlDatabase::addDatabase(lite ? u"QSQLITE"_s : u"QPSQL"_s, u"refuse"_s);
+        db.setHostName(c.server.plain());
+        db.setPort(c.port);
+        db.setUserName(c.user.plain());
+        db.setDatabaseName(lite ? c.server.plain() : c.database.plain());
+        QVERIFY(db.open());
+        QSqlQuery q(db);
+        const QStringList sql =
+            lite ? QStringList{u"create trigger if not exists refuse before insert on UsrLst when "
+                               "NEW.PWD='down' begin select raise(fail,'down'); end"_s}
+                 : QStringList{u"set client_min_messages=warning"_s,
+                               u"alter table UsrLst drop constraint if exists refuse"_s,
+                               u"alter table UsrLst add constraint refuse check (PWD<>'down')"_s};
+        for (const QString& statement : sql)
+            QVERIFY(q.exec(statement));
+    }
+    QSqlDatabase::removeDatabase(u"refuse"_s);
+}
+
+} // namespace
+
+class TestOperators : public QObject
+{
+    Q_OBJECT
+private slots:
+    // Browsing, adding, editing, cancelling and deleting operators, with the rows on the server, the
+    // session's operator list and every message.
+    void manage_data() { addBackendRows(); }
+    void manage()
+    {
+        QFETCH(QString, backend);
+        Fixture f(backend, {{u"张三"_s, u"0111000000"_s}, {u"李四"_s, QString()}});
+        f.open<UsrGL>();
+        WindowDriver& d = f.d;
+        QCOMPARE(d.lines(u"Lst"_s), (QStringList{u"    操作员列表"_s, u"管理员"_s, u"张三"_s, u"李四"_s}));
+        QCOMPARE(d.text(u"LabZB"_s) + d.text(u"Txt"_s) + f.boxes(), u"账本名称：家庭账管理员"_s + kAll);
+        d.click(u"Cmd_0"_s);
+        QCOMPARE(f.said(), QStringList{u"您不能删除您自已！"_s});
+        d.clickLine(u"Lst"_s, 2);
+        QCOMPARE(f.boxes(), u"0111000000111111"_s);
+        d.clickLine(u"Lst"_s, 3);
+        QCOMPARE(f.boxes(), kAll);
+        saveScreenshot(f.owned.get(), u"usrgl.png"_s);
+
+        // An addition: refused while empty or a known name, then saved cleaned with the boxes ticked.
+        d.click(u"Cmd_3"_s);
+        QCOMPARE(d.text(u"Cmd_0"_s) + d.text(u"Cmd_1"_s) + f.boxes(), u"保 存取 消0000000000000000"_s);
+        QVERIFY(!d.w<QWidget>(u"Cmd_2"_s)->isVisible() && !d.w<QWidget>(u"CmdPwd"_s)->isVisible());
+        d.type(u"Txt"_s, u"  "_s);
+        d.press(u"Txt"_s, Qt::Key_Return);
+        d.type(u"Txt"_s, u"张三"_s);
+        d.click(u"Cmd_0"_s);
+        QCOMPARE(f.said(), (QStringList{u"请输入新增的操作员姓名！"_s,
+                                        u"账本中已经存在【张三】这个操作员，新增的操作员不能重名！"_s}));
+        d.type(u"Txt"_s, u" 王'五,😀 "_s);
+        for (const char* box : {"Chk_1", "Chk_5", "Chk_14"})
+            d.click(QString::fromLatin1(box));
+        d.click(u"Cmd_0"_s);
+        QCOMPARE(f.said(), QStringList{u"保存成功！"_s});
+        QCOMPARE(f.row(u"王五，😀"_s), u"王五，😀||0100010000000010"_s);
+        QCOMPARE(d.lines(u"Lst"_s).constLast() + d.text(u"Cmd_0"_s), u"王五，😀删 除"_s);
+
+        // Cancelling an addition shows the operator selected before; cancelling an edit his stored rights.
+        d.clickLine(u"Lst"_s, 2);
+        d.click(u"Cmd_3"_s);
+        d.click(u"Cmd_1"_s);
+        QCOMPARE(d.lines(u"Lst"_s).size(), 5);
+        QCOMPARE(d.text(u"Txt"_s) + f.boxes(), u"张三0111000000111111"_s);
+        d.click(u"Cmd_2"_s);
+        QVERIFY(d.w<QCheckBox>(u"Chk_0"_s)->isEnabled());
+        d.click(u"Chk_0"_s);
+        d.click(u"Cmd_1"_s);
+        QCOMPARE(f.boxes(), u"0111000000111111"_s);
+        // Any box that becomes clear runs every rule: 张三 has no journal right, so 9 to 13 go too.
+        d.click(u"Cmd_2"_s);
+        d.click(u"Chk_2"_s);
+        d.click(u"Cmd_0"_s);
+        QCOMPARE(f.row(u"张三"_s), u"张三||0101000000000111"_s);
+
+        // Deleting, also an operator another administrator deleted already.
+        d.click(u"Cmd_0"_s);
+        d.clickLine(u"Lst"_s, 2);
+        f.t.exec(u"delete from UsrLst where Usr='李四'"_s);
+        d.click(u"Cmd_0"_s);
+        QCOMPARE(f.said(), (QStringList{u"保存成功！"_s, u"删除成功！"_s, u"删除成功！"_s}));
+        QCOMPARE(d.lines(u"Lst"_s), (QStringList{u"    操作员列表"_s, u"管理员"_s, u"王五，😀"_s}));
+        QCOMPARE(d.text(u"Txt"_s), u"管理员"_s);
+        QCOMPARE(f.t.session.operators(), (QStringList{u"管理员"_s, u"王五，😀"_s}));
+        QCOMPARE(f.t.text(u"select count(*) from UsrLst"_s), u"2"_s);
+    }
+
+    // The editor's rules clear dependent boxes whenever a box becomes clear; ticking changes nothing.
+    void clearRules_data()
+    {
+        QTest::addColumn<QString>("rights");
+        QTest::addColumn<int>("box");
+        QTest::addColumn<QString>("after");
+        QTest::newRow("journal off") << kAll << 5 << u"1111101100000111"_s;
+        QTest::newRow("shown as stored, any clearing applies all")
+            << u"1111001111111111"_s << 6 << u"1111000000000111"_s;
+        QTest::newRow("both directions") << u"1011111111111111"_s << 2 << u"1001111110011111"_s;
+        QTest::newRow("dependent ticked") << u"1111101100000111"_s << 10 << u"1111101100100111"_s;
+    }
+    void clearRules()
+    {
+        QFETCH(QString, rights);
+        QFETCH(int, box);
+        Fixture f(u"sqlite"_s);
+        f.t.session.setRights(rights);
+        f.open<UsrGL>();
+        QCOMPARE(f.boxes(), rights);
+        f.d.click(u"Cmd_2"_s);
+        f.d.click(u"Chk_%1"_s.arg(box));
+        QTEST(f.boxes(), "after");
+    }
+
+    // One's own rights: right 1 stays locked while editing oneself, and a saved change holds at once.
+    void ownRights_data() { addBackendRows(); }
+    void ownRights()
+    {
+        QFETCH(QString, backend);
+        Fixture f(backend);
+        f.open<UsrGL>();
+        // In browse mode a box hands the focus on to 修 改.
+        f.d.activate();
+        f.d.w<QCheckBox>(u"Chk_3"_s)->setFocus();
+        QCOMPARE(QApplication::focusWidget(), f.d.w<QWidget>(u"Cmd_2"_s));
+        f.d.click(u"Cmd_2"_s);
+        QVERIFY(!f.d.w<QCheckBox>(u"Chk_0"_s)->isEnabled());
+        f.d.click(u"Chk_13"_s);
+        f.d.click(u"Cmd_0"_s);
+        QVERIFY(f.d.w<QCheckBox>(u"Chk_0"_s)->isEnabled());
+        QCOMPARE(f.t.session.rights(), u"1111111111111011"_s);
+        QCOMPARE(f.row(u"管理员"_s), u"管理员||1111111111111011"_s);
+        QVERIFY(!RequireRight(f.t.context(), Right::ChangePassword));
+        QCOMPARE(f.said(), (QStringList{u"保存成功！"_s, u"对不起，您无此权限！"_s}));
+    }
+
+    // Odd names and rights strings, a server that is down at each step, and two administrators at once.
+    void oddDataAndFailures_data() { addBackendRows(); }
+    void oddDataAndFailures()
+    {
+        QFETCH(QString, backend);
+        const QString longName = QString(9999, u'长') + u"😀"_s;
+        Fixture f(backend, {{u"O'Brien"_s, u"1x1"_s + QString(37, u'0')}, {longName, u"1"_s}});
+        f.open<UsrGL>();
+        WindowDriver& d = f.d;
+        // A second administrator's window, which reads O'Brien before the first one saves him.
+        UsrGL other(f.t.context());
+        other.show();
+        WindowDriver o(&other);
+        o.clickLine(u"Lst"_s, 2);
+        f.t.setServerDown(true);
+        d.clickLine(u"Lst"_s, 2);
+        QCOMPARE(f.said(), QStringList{u"连接服务器失败，未重读取O'Brien信息！\n\n请重试！"_s});
+        QCOMPARE(d.text(u"Txt"_s) + f.boxes(), u"管理员"_s + kAll);
+        f.t.setServerDown(false);
+        d.clickLine(u"Lst"_s, 2);
+        QCOMPARE(f.boxes(), u"1010000000000000"_s);
+        d.click(u"Cmd_2"_s);
+        f.t.setServerDown(true);
+        d.click(u"Cmd_0"_s);
+        QCOMPARE(d.text(u"Cmd_0"_s), u"保 存"_s);
+        f.t.setServerDown(false);
+        d.click(u"Cmd_0"_s);
+        QCOMPARE(f.row(u"O''Brien"_s), u"O'Brien||1010000000000000"_s);
+
+        // The last save wins, and a second deletion just succeeds.
+        o.click(u"Cmd_2"_s);
+        o.click(u"Chk_15"_s);
+        o.click(u"Cmd_0"_s);
+        QCOMPARE(f.t.text(u"select QX from UsrLst where Usr='O''Brien'"_s), u"1010000000000001"_s);
+        o.click(u"Cmd_0"_s);
+        f.t.setServerDown(true);
+        d.click(u"Cmd_0"_s);
+        QCOMPARE(d.lines(u"Lst"_s).size(), 4);
+        f.t.setServerDown(false);
+        d.click(u"Cmd_0"_s);
+        QCOMPARE(d.lines(u"Lst"_s), (QStringList{u"    操作员列表"_s, u"管理员"_s, longName}));
+        d.clickLine(u"Lst"_s, 2);
+        QCOMPARE(d.text(u"Txt"_s) + f.boxes(), longName + kAll);
+        // An addition that fails stays in edit mode with the name typed.
+        d.click(u"Cmd_3"_s);
+        d.type(u"Txt"_s, u"赵六"_s);
+        f.t.setServerDown(true);
+        d.click(u"Cmd_0"_s);
+        QCOMPARE(d.text(u"Cmd_0"_s) + d.text(u"Txt"_s), u"保 存赵六"_s);
+        QCOMPARE(f.said(), (QStringList{u"连接服务器失败，请重试！"_s, u"保存成功！"_s, u"保存成功！"_s,
+                                        u"删除成功！"_s, u"连接服务器失败！请重试！"_s, u"删除成功！"_s,
+                                        u"连接服务器失败，请重试！"_s}));
+        QCOMPARE(f.t.session.operators(), (QStringList{u"管理员"_s, longName}));
+    }
+
+    // The password change: checks before any statement, then the row written anew without rights.
+    void changePassword_data() { addBackendRows(); }
+    void changePassword()
+    {
+        QFETCH(QString, backend);
+        Fixture f(backend);
+        f.t.exec(u"update UsrLst set PWD='old',QX='1011' where Usr='管理员'"_s);
+        f.t.session.setRights(u"1011"_s);
+        refusePasswordDown(f.t);
+        UsrPwd& w = f.open<UsrPwd>(UsrPwd::Mode::ChangePassword);
+        WindowDriver& d = f.d;
+        QCOMPARE(w.windowTitle() + d.text(u"Txt_0"_s) + d.text(u"LabZB"_s),
+                 u" 修改密码管理员账本名称： 家庭账"_s);
+        const auto attempt = [&](const QString& first, const QString& second) {
+            d.type(u"Txt_1"_s, first);
+            d.type(u"Txt_2"_s, second);
+            d.press(u"Txt_2"_s, Qt::Key_Return);
+        };
+        f.t.setServerDown(true);
+        attempt(u"ab"_s, u"aB"_s);
+        attempt(QString(), QString());
+        attempt(u"ab"_s, u"ab"_s);
+        f.t.setServerDown(false);
+        attempt(u"down"_s, u"down"_s);
+        QCOMPARE(f.said(), (QStringList{u"两次输入的密码不相同！"_s, u"请两次输入密码，再点击【确定】！"_s,
+                                        u"连接服务器失败，请重试！"_s, u"连接服务器失败，请重试！"_s}));
+        QVERIFY(w.isVisible());
+        QCOMPARE(f.t.text(u"select count(*) from UsrLst"_s), u"0"_s);
+        attempt(u" p'w\\ "_s, u" p'w\\ "_s);
+        QVERIFY(!w.isVisible());
+        QCOMPARE(f.row(u"管理员"_s) + f.t.session.modalResult + f.t.session.rights(),
+                 u"管理员| p'w\\ |OK1011111111111111"_s);
+    }
+
+    // A new operator with a password, from the operator window: the name is checked and cleaned.
+    void newOperator_data() { addBackendRows(); }
+    void newOperator()
+    {
+        QFETCH(QString, backend);
+        Fixture f(backend, {{u"张三"_s, u"0"_s}});
+        f.open<UsrGL>();
+        QTimer::singleShot(0, this, [&f] {
+            auto* w = qobject_cast<UsrPwd*>(QApplication::activeModalWidget());
+            QVERIFY(w);
+            WindowDriver d(w);
+            QCOMPARE(w->windowTitle(), u" 新增操作员"_s);
+            d.type(u"Txt_1"_s, u"pw"_s);
+            d.type(u"Txt_2"_s, u"pw"_s);
+            for (const QString& name : {u"-|"_s, u"管理员"_s, u"张三"_s, u" 赵-六|' "_s}) {
+                d.type(u"Txt_0"_s, name);
+                if (name == u"张三"_s)
+                    saveScreenshot(w, u"usrpwd.png"_s);
+                d.press(u"Txt_0"_s, Qt::Key_Return);
+            }
+        });
+        f.d.click(u"CmdPwd"_s);
+        QCOMPARE(f.said(),
+                 (QStringList{u"请输入新增操作员的姓名！"_s, u"新增操作员不能使用“管理员”这个名称！"_s,
+                              u"该账本中已经存在 张三 这个操作员！"_s}));
+        QCOMPARE(f.row(u"赵六"_s), u"赵六|pw|"_s);
+        QCOMPARE(f.d.lines(u"Lst"_s).constLast() + f.d.text(u"Txt"_s) + f.boxes(), u"赵六赵六"_s + kAll);
+        QCOMPARE(f.t.session.operators(), (QStringList{u"管理员"_s, u"张三"_s, u"赵六"_s}));
+    }
+};
+
+QTEST_MAIN(TestOperators)
+#include "tst_operators.moc"
