@@ -236,9 +236,8 @@ bool UsrGL::saveNewOperator(const QString& rights)
     }
     QListWidget* list = m_ui->Lst;
     const int blank = list->count() - 1;
-    // The server tells names apart without regard to case, and so does this test.
     for (int row = 1; row < blank; ++row) {
-        if (list->item(row)->text().compare(name, Qt::CaseInsensitive) == 0) {
+        if (list->item(row)->text() == name) {
             m_context.dialogs.inform(QStringLiteral("账本中已经存在【") + name +
                                      QStringLiteral("】这个操作员，新增的操作员不能重名！"));
             m_ui->Txt->setFocus();
