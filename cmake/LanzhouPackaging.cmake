@@ -18,14 +18,16 @@ set(CPACK_PACKAGE_VENDOR "Lanzhou Software Studio")
 set(CPACK_PACKAGE_CONTACT "Lanzhou Software Studio <service@lanzhou-jizhang.cn>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "岚舟云记账 - desktop bookkeeping client for shared ledgers")
 set(CPACK_PACKAGE_DESCRIPTION
-    "Operators of a shared ledger post increases and decreases against named items (+10,
--5 计划外), list and correct the journal, and draw period summaries and balance lists that
-export to CSV. One program serves as a stock book, a cash book, a receivables book or a
-project-spending book. Ledgers live in an embedded SQLite file or on a shared PostgreSQL
-or SQL Server database.
+    "Operators of a shared ledger post increases and decreases against named
+items (+10, -5 计划外), list and correct the journal, and draw period
+summaries and balance lists that export to CSV. One program serves as a
+stock book, a cash book, a receivables book or a project-spending book.
+Ledgers live in an embedded SQLite file or on a shared PostgreSQL or
+SQL Server database.
 
-岚舟云记账：多人共用的云账本。按物品（账户、客户、项目）记录增减，查询和修改流水账，
-生成汇总表和存量表并导出为 CSV 文件。账本可存放在本机 SQLite 文件中，也可存放在共用的
+岚舟云记账：多人共用的云账本。按物品（账户、客户、项目）
+记录增减，查询和修改流水账，生成汇总表和存量表并导出为
+CSV 文件。账本可存放在本机 SQLite 文件中，也可存放在共用的
 PostgreSQL 或 SQL Server 数据库上。")
 set(CPACK_STRIP_FILES ON)
 

@@ -94,10 +94,10 @@ private slots:
         QSignalSpy changed(&f.t.session, &Session::changed);
         f.t.exec(u"update ZbLst set GongGao='255│盘点│周五' where ZBID='"_s + kLedger + u'\'');
         f.t.session.setAnnouncement(u"255│盘点│周五"_s);
-        f.open(Qt::yellow);
+        f.open(QColor(0xFFFFE1));
         QCOMPARE(f.txt()->toPlainText(), u"盘点│周五"_s);
         QCOMPARE(f.txt()->palette().color(QPalette::Text), QColor(Qt::red));
-        QCOMPARE(f.txt()->palette().color(QPalette::Base), QColor(Qt::yellow));
+        QCOMPARE(f.txt()->palette().color(QPalette::Base), QColor(0xFFFFE1));
 
         QTest::mousePress(f.d.w<QLabel>(u"Lab_2"_s), Qt::LeftButton);
         f.type(u"今晚盘点\n别迟到"_s);
