@@ -14,6 +14,8 @@
 #include "Start.h"
 
 #include <QApplication>
+#include <QDir>
+#include <QIcon>
 #include <QMessageBox>
 
 using namespace lanzhou;
@@ -23,6 +25,12 @@ int main(int argc, char** argv)
     QApplication app(argc, argv);
     QApplication::setApplicationName(AppConstants::title());
     QApplication::setApplicationVersion(AppConstants::versionText());
+    // Every window and the tray icon carry the program's own icon; the desktop entry shares its name.
+    QIcon icon;
+    for (const QFileInfo& size : QDir(QStringLiteral(":/icons")).entryInfoList(QDir::Files))
+        icon.addFile(size.filePath());
+    QApplication::setWindowIcon(icon);
+    QGuiApplication::setDesktopFileName(QStringLiteral("lanzhou"));
     LoadQtChineseTranslation(&app);
 
     QString error;

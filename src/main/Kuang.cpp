@@ -35,7 +35,7 @@ Kuang::Kuang(const AppContext& context, QWidget* parent)
     m_opening = new LedgerOpening(m_ctx, *m_login, this);
     m_quickEntry = new QuickEntry(m_ctx, {ui->Cmb, ui->Txt, ui->Lab4, ui->Lab5}, this);
     m_reports = new ReportWindows(m_ctx, this);
-    m_administration = new LedgerAdministration(m_ctx, m_ledgerList->ledgers(), this);
+    m_administration = new LedgerAdministration(m_ctx, m_ledgerList->ledgers(), this, ui->Lab3);
     m_menus = new MainMenus(m_ctx, {ui->CmdMenu, ui->CmdRpt, ui->Lab4, ui->CmdHelp},
                             {*m_administration, *m_reports, *m_quickEntry}, this);
     m_tray = new MainTray(m_ctx.shell, this, m_menus->trayMenu());

@@ -2,18 +2,23 @@
 
 #include "Database.h"
 #include "Dialogs.h"
+#include "GongGao.h"
 #include "Rights.h"
 #include "Session.h"
 #include "Shell.h"
 #include "TextUtils.h"
+#include "UsrGL.h"
+#include "UsrPwd.h"
 #include "ZbTyp.h"
 
 #include <QWidget>
 
 namespace lanzhou {
 
-LedgerAdministration::LedgerAdministration(const AppContext& context, LedgerList& ledgers, QWidget* window)
-    : QObject(window), m_ctx(context), m_ledgers(ledgers), m_window(window)
+LedgerAdministration::LedgerAdministration(const AppContext& context, LedgerList& ledgers, QWidget* window,
+                                           QWidget* announcementArea)
+    : QObject(window), m_ctx(context), m_ledgers(ledgers), m_window(window),
+      m_announcementArea(announcementArea)
 {}
 
 void LedgerAdministration::showLedgerId()
@@ -58,6 +63,32 @@ void LedgerAdministration::changeType()
         return;
     m_ctx.session.modalResult.clear();
     ZbTyp dialog(m_ctx, m_ledgers, ZbTyp::Mode::TypeSettings, m_window);
+    dialog.exec();
+}
+
+void LedgerAdministration::manageOperators()
+{
+    if (!RequireRight(m_ctx, Right::Administer))
+        return;
+    UsrGL dialog(m_ctx, m_window);
+    dialog.exec();
+}
+
+void LedgerAdministration::changePassword()
+{
+    if (!RequireRight(m_ctx, Right::ChangePassword))
+        return;
+    m_ctx.session.modalResult.clear();
+    UsrPwd dialog(m_ctx, UsrPwd::Mode::ChangePassword, m_window);
+    dialog.exec();
+}
+
+void LedgerAdministration::editAnnouncement()
+{
+    if (!RequireRight(m_ctx, Right::Announce))
+        return;
+    GongGao dialog(m_ctx, m_announcementArea->palette().color(m_announcementArea->backgroundRole()),
+                   m_window);
     dialog.exec();
 }
 

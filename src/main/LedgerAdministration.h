@@ -17,17 +17,23 @@ class LedgerAdministration : public QObject
 {
     Q_OBJECT
 public:
-    LedgerAdministration(const AppContext& context, LedgerList& ledgers, QWidget* window);
+    // announcementArea: where the main window shows the announcement, whose colour the editor takes.
+    LedgerAdministration(const AppContext& context, LedgerList& ledgers, QWidget* window,
+                         QWidget* announcementArea);
 
     // Shows the ledger's ID and offers to copy it.
     void showLedgerId();
     void rename();
     void changeType();
+    void manageOperators();
+    void changePassword();
+    void editAnnouncement();
 
 private:
     AppContext m_ctx;
     LedgerList& m_ledgers;
     QWidget* m_window;
+    QWidget* m_announcementArea;
 };
 
 } // namespace lanzhou

@@ -64,13 +64,14 @@ void MainMenus::buildLedgerMenu(const Actions& actions)
     operatorEntries << addEntry(m_ledger, QStringLiteral("Menu_Login"), QStringLiteral("重新登入"));
     connect(operatorEntries.constLast(), &QAction::triggered, this, &MainMenus::loginRequested);
     operatorEntries << addEntry(m_ledger, QStringLiteral("Menu_ReSetPwd"), QStringLiteral("修改密码"));
-    connect(operatorEntries.constLast(), &QAction::triggered, this, &MainMenus::passwordRequested);
+    connect(operatorEntries.constLast(), &QAction::triggered, &admin, &LedgerAdministration::changePassword);
     operatorEntries << m_ledger->addSeparator();
     operatorEntries.constLast()->setObjectName(QStringLiteral("Menu_Line2"));
     operatorEntries << addEntry(m_ledger, QStringLiteral("Menu_Guanli"), QStringLiteral("操作员管理"));
-    connect(operatorEntries.constLast(), &QAction::triggered, this, &MainMenus::operatorsRequested);
+    connect(operatorEntries.constLast(), &QAction::triggered, &admin, &LedgerAdministration::manageOperators);
     operatorEntries << addEntry(m_ledger, QStringLiteral("Menu_GongGao"), QStringLiteral("发布公告"));
-    connect(operatorEntries.constLast(), &QAction::triggered, this, &MainMenus::announcementRequested);
+    connect(operatorEntries.constLast(), &QAction::triggered, &admin,
+            &LedgerAdministration::editAnnouncement);
     operatorEntries << m_ledger->addSeparator();
     connect(addEntry(m_ledger, QStringLiteral("Menu_SeeZbID"), QStringLiteral("查看账本ID")),
             &QAction::triggered, &admin, &LedgerAdministration::showLedgerId);

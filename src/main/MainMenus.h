@@ -46,9 +46,6 @@ public:
 signals:
     void loginRequested();
     void ledgerSelectionRequested();
-    void announcementRequested();
-    void operatorsRequested();
-    void passwordRequested();
     void showWindowRequested();
     void exitRequested();
 

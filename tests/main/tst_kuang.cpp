@@ -1,3 +1,4 @@
+#include "Announcement.h"
 #include "AppConstants.h"
 #include "Kuang.h"
 #include "LedgerList.h"
@@ -495,7 +496,9 @@ private slots:
         QCOMPARE(about.icon, DialogIcon::Application);
         d.chooseMenu(u"CmdHelp"_s, u"Menu_ToWeb"_s);
         QCOMPARE(t.shell.openedUrls, QStringList{AppConstants::webSite()});
-        saveScreenshot(d.window(), u"menus.png"_s);
+        d.click(u"CmdMenu"_s);
+        saveScreenshot(QApplication::activePopupWidget(), u"menus.png"_s);
+        QApplication::activePopupWidget()->close();
 
         // No keeps the program in the tray; a left click brings it back, a right click its menu;
         // Yes from the tray menu ends it.
@@ -520,6 +523,60 @@ private slots:
         QCOMPARE(ending.count(), 1);
         QVERIFY(!t.shell.trayVisible);
         QCOMPARE(d.panel(), Kuang::EntryPanel);
+    }
+
+    // Operators, password and announcement from the ledger menu: each behind its right; one's own
+    // rights saved take effect at once; an announcement published by one client shows at the next.
+    void administrationMenus_data() { addBackendRows(); }
+    void administrationMenus()
+    {
+        QFETCH(QString, backend);
+        TestContext t(backend);
+        prepareLedger(t, u"L1"_s, u"五金仓库"_s);
+        KuangDriver a(t.context());
+        a.post();
+        a.post();
+
+        t.session.setRights(u"0111111111111010"_s);
+        for (const QString& entry : {u"Menu_Guanli"_s, u"Menu_ReSetPwd"_s, u"Menu_GongGao"_s})
+            a.chooseMenu(u"CmdMenu"_s, entry);
+        QCOMPARE(t.dialogs.texts(), QStringList(3, u"对不起，您无此权限！"_s));
+        t.session.setRights(QString());
+        t.dialogs.clear();
+        whenModal([](const WindowDriver& g) {
+            g.click(u"Cmd_2"_s);
+            g.click(u"Chk_13"_s);
+            g.click(u"Cmd_0"_s);
+            g.click(u"Cmd_1"_s);
+        });
+        a.chooseMenu(u"CmdMenu"_s, u"Menu_Guanli"_s);
+        a.chooseMenu(u"CmdMenu"_s, u"Menu_ReSetPwd"_s);
+        QCOMPARE(t.dialogs.texts(), (QStringList{u"保存成功！"_s, u"对不起，您无此权限！"_s}));
+        QCOMPARE(t.text(u"select QX from UsrLst where ZBID='L1'"_s), u"1111111111111011"_s);
+
+        whenModal([](const WindowDriver& g) {
+            typeText(g.w<QWidget>(u"Txt"_s), u"今晚盘点"_s);
+            g.click(u"Lab_1"_s);
+            g.click(u"Cmd_0"_s);
+        });
+        a.chooseMenu(u"CmdMenu"_s, u"Menu_GongGao"_s);
+        const Announcement published = Announcement::Parse(t.text(u"select GongGao from ZbLst"_s));
+        QCOMPARE(published.text, u"今晚盘点"_s);
+        QCOMPARE(a.text(u"Lab3"_s), published.text);
+        saveScreenshot(a.window(), u"announcement.png"_s);
+
+        Session other;
+        KuangDriver b(AppContext{other, *t.db, t.dialogs, t.shell, t.clock, t.settings});
+        b.post();
+        b.post();
+        QCOMPARE(b.text(u"Lab3"_s), u"今晚盘点"_s);
+        QVERIFY(b.w<QLabel>(u"Lab3"_s)->styleSheet().contains(published.colour.name()));
+
+        a.activate();
+        whenModal([](const WindowDriver& g) { g.click(u"Cmd_2"_s); });
+        a.chooseMenu(u"CmdMenu"_s, u"Menu_GongGao"_s);
+        QVERIFY(a.text(u"Lab3"_s).startsWith(u"    请输入或选择物品"_s));
+        QCOMPARE(t.text(u"select GongGao from ZbLst"_s), QString());
     }
 
     // The item is exactly the typed text; leaving the box matches a whole item in any letter case, and a
