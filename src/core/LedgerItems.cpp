@@ -11,9 +11,12 @@ std::optional<QStringList> ReadLedgerItems(Database& db, const QString& ledgerId
                                       SqlLiteral(ledgerId) + QStringLiteral("' group by Item"));
     if (found.isEmpty())
         return std::nullopt;
+    // Entries written without an item (NULL, by another client) belong to no item: nothing can be
+    // posted to, picked or summed under an empty name, so it is no entry of any item list.
     QStringList items;
     for (int row = 1; row < db.grid().rowLimit(); ++row)
-        items.append(db.grid().cell(row, 0));
+        if (!db.grid().cell(row, 0).isEmpty())
+            items.append(db.grid().cell(row, 0));
     return items;
 }
 

@@ -71,8 +71,7 @@ void MxLst::fillFilters()
     ui->LabItm->setText(session.itemLabel() + QStringLiteral("："));
 
     // The items as the server knows them now; the session's list when the server cannot say.
-    QStringList items = ReadLedgerItems(m_context.db, session.ledgerId()).value_or(session.items());
-    items.removeAll(QString());
+    const QStringList items = ReadLedgerItems(m_context.db, session.ledgerId()).value_or(session.items());
     // A ledger without items gets an empty list: there is nothing to list yet.
     if (!items.isEmpty()) {
         ui->CmbItm->addItem(AllItemsEntry(session.itemLabel()));

@@ -13,9 +13,8 @@ void FillReportItems(QComboBox* box, const AppContext& context)
 {
     box->clear();
     // The items as the server knows them now; the session's list when the server cannot say.
-    QStringList items =
+    const QStringList items =
         ReadLedgerItems(context.db, context.session.ledgerId()).value_or(context.session.items());
-    items.removeAll(QString());
     if (items.isEmpty())
         return;
     box->addItem(AllItemsEntry(context.session.itemLabel()));

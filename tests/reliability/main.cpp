@@ -1,4 +1,6 @@
 // Runs every class of the reliability suite in one process, then prints the figures.
+#include "BadRowsTest.h"
+#include "ConcurrencyTest.h"
 #include "Figures.h"
 
 #include <QApplication>
@@ -17,7 +19,12 @@ template <class Test> int run(int argc, char** argv)
 int main(int argc, char** argv)
 {
     QApplication app(argc, argv);
+    // A copy started by the concurrency test posts and ends; it runs no test class.
+    if (argc > 1 && qstrcmp(argv[1], "--post-worker") == 0)
+        return RunPostWorker(QCoreApplication::arguments().mid(2));
     int failed = 0;
+    failed += run<ConcurrencyTest>(argc, argv);
+    failed += run<BadRowsTest>(argc, argv);
     Figures::print();
     return failed;
 }
