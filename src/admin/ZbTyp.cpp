@@ -79,6 +79,10 @@ ZbTyp::ZbTyp(const AppContext& context, LedgerList& ledgers, Mode mode, QWidget*
     for (const int closer : {1, 2, 4})
         connect(m_cmd[closer], &QPushButton::clicked, this, &QDialog::reject);
 
+    LimitCharacters(m_ui->TxtZbID, 50);
+    LimitCharacters(m_ui->TxtZbNm, 50);
+    for (QLineEdit* keyword : std::as_const(m_txt))
+        LimitCharacters(keyword, 20);
     m_txt[0]->setText(m_context.session.itemLabel());
     m_txt[1]->setText(m_context.session.quantityLabel());
     // In the list font a blank is half a character wide, so the custom type's blanks hold its keywords.

@@ -23,6 +23,8 @@ QString CleanInput(const QString& text)
     s.remove(QLatin1Char('\''));
     s.remove(QChar(10));
     s.remove(QChar(13));
+    // A NUL ends the statement text on every driver, so the quoted value would never be closed.
+    s.remove(QChar(0));
     s.replace(QLatin1Char(','), QChar(0xFF0C));
     s.replace(QChar(0x2502), QLatin1Char('|'));
     s.replace(QChar(0x2500), QLatin1Char('-'));
@@ -50,6 +52,8 @@ QString GeneralNumberText(double value)
 QString SqlLiteral(const QString& value)
 {
     QString literal = value;
+    // No quoted value can carry a NUL: every driver ends the statement text at it.
+    literal.remove(QChar(0));
     return literal.replace(QLatin1Char('\''), QStringLiteral("''"));
 }
 

@@ -7,7 +7,8 @@ namespace lanzhou {
 // Makes typed text safe for SQL literals and the program's own separators.
 QString CleanInput(const QString& text);
 // Makes a value read back from the server (an item, an operator, a label) safe between the quotes of
-// a statement: apostrophes are doubled, nothing else changes, so an ordinary value stays as it is.
+// a statement: apostrophes are doubled and a NUL is left out, nothing else changes, so an ordinary
+// value stays as it is.
 QString SqlLiteral(const QString& value);
 // Display form of a quantity: general text with at most 8 decimals.
 QString FormatQuantity(double quantity);

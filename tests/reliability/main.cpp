@@ -2,6 +2,7 @@
 #include "BadRowsTest.h"
 #include "ConcurrencyTest.h"
 #include "Figures.h"
+#include "InjectionTest.h"
 
 #include <QApplication>
 #include <QTest>
@@ -23,6 +24,7 @@ int main(int argc, char** argv)
     if (argc > 1 && qstrcmp(argv[1], "--post-worker") == 0)
         return RunPostWorker(QCoreApplication::arguments().mid(2));
     int failed = 0;
+    failed += run<InjectionTest>(argc, argv);
     failed += run<ConcurrencyTest>(argc, argv);
     failed += run<BadRowsTest>(argc, argv);
     Figures::print();
