@@ -120,28 +120,6 @@ private slots:
         QCOMPARE(f.txt()->palette().color(QPalette::Text), QColor(Qt::black));
         QCOMPARE(f.t.dialogs.texts().size(), 2);
     }
-
-    // Awkward texts are cleaned line by line, stored, and shown again by the next opening.
-    void roundTrip_data() { addBackendRows(); }
-    void roundTrip()
-    {
-        QFETCH(QString, backend);
-        Fixture f(backend);
-        const QString longText = u"😀"_s + QString(9998, u'长');
-        for (const auto& [typed, kept] : QList<std::pair<QString, QString>>{
-                 {u" it's a│b, ok \n\n second\\ "_s, u"its a|b， ok\n\nsecond\\"_s}, {longText, longText}}) {
-            f.open();
-            QTest::mousePress(f.d.w<QLabel>(u"Lab_1"_s), Qt::LeftButton);
-            f.paste(typed);
-            f.d.click(u"Cmd_0"_s);
-            QCOMPARE(f.row(), u"208│"_s + kept);
-            QCOMPARE(f.t.session.announcement(), f.row());
-            f.open();
-            QCOMPARE(f.txt()->toPlainText(), kept);
-            QCOMPARE(f.txt()->palette().color(QPalette::Text), QColor(0xD0, 0, 0));
-        }
-        QVERIFY(f.t.dialogs.texts().isEmpty());
-    }
 };
 
 QTEST_MAIN(TestAnnouncement)

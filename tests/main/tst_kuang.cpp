@@ -2,7 +2,6 @@
 #include "AppConstants.h"
 #include "Kuang.h"
 #include "LedgerList.h"
-#include "MxLst.h"
 #include "TestContext.h"
 #include "WindowDriver.h"
 #include "ZbTyp.h"
@@ -13,7 +12,6 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QMenu>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -641,57 +639,6 @@ private slots:
         QCOMPARE(lastMessage(t), (QStringList{u"提示"_s, u"连接服务器失败，请重试！"_s}));
         QCOMPARE(d.text(u"Txt"_s), u"+1"_s);
         QVERIFY(!QFile::exists(file));
-    }
-
-    // Texts that reach the ledger from elsewhere stay inside their quotes on every server kind and
-    // setting: an item holding an apostrophe or ending in a backslash shows its true total and balance,
-    // an operator named so logs in, posts and filters the journal, and no other ledger is touched.
-    void storedTextStaysInsideItsQuotes_data() { addBackendRows(everyServerSetting()); }
-    void storedTextStaysInsideItsQuotes()
-    {
-        QFETCH(QString, backend);
-        TestContext t(backend);
-        const QString breakOut = u"x'; delete from Zhang where ''=''--"_s, backslash = u"a\\"_s;
-        const auto quoted = [](QString text) { return text.replace(u'\'', u"''"_s); };
-        prepareLedger(t, u"L1"_s, u"五金仓库"_s, quoted(u"O'Brien\\"_s));
-        t.exec(
-            u"insert into Zhang (ZBID,USR,TM,ID,ITEM,SL,BZ) values ('L1','x','2026-11-01 "
-            u"08:00','E1','%1',7,''),"
-            "('L1','x','2026-11-15 08:00','E2','%1',5,''),('L1','x','2026-11-01 08:00','E3','%2',3,''),"
-            "('L1','x','2026-11-15 08:00','E4','%2',-1,''),('L2','x','2026-11-15 08:00','F1','%1',1000,'')"_s
-                .arg(quoted(breakOut), backslash));
-        KuangDriver d(t.context());
-        d.post();
-        d.post();
-        d.pick(u"Cmb"_s, breakOut);
-        QCOMPARE(d.text(u"Lab4"_s), u"当前存量：12"_s);
-        d.pick(u"Cmb"_s, backslash);
-        QCOMPARE(d.text(u"Lab4"_s), u"当前存量：2"_s);
-        // A function's name typed as a remark is the remark.
-        d.type(u"Txt"_s, u"+1 getdate()"_s);
-        d.post();
-        QCOMPARE(t.text(u"select USR,ITEM,BZ from Zhang where ZBID='L1' and SL=1"_s),
-                 u"O'Brien\\|a\\|getdate()"_s);
-
-        MxLst journal(t.context());
-        journal.show();
-        WindowDriver j(&journal);
-        const auto balances = [&j] {
-            QStringList listed; // entry ID and balance of each entry line
-            auto* ids = j.w<QListWidget>(u"Lst2"_s);
-            for (int row = 0; row < ids->count(); ++row)
-                if (!ids->item(row)->text().isEmpty())
-                    listed.append(
-                        ids->item(row)->text() + u'=' +
-                        j.w<QListWidget>(u"Lst"_s)->item(row)->text().section(QChar(0x2502), 5, 5).trimmed());
-            return listed.join(u' ');
-        };
-        j.click(u"Cmd_0"_s);
-        QCOMPARE(balances(), u"E4=2 N11153273025=3 E2=12"_s);
-        j.pick(u"CmbUsr"_s, u"O'Brien\\"_s);
-        j.click(u"Cmd_0"_s);
-        QCOMPARE(balances(), u"N11153273025=getdate()"_s); // listed with its remark, without balances
-        QCOMPARE(t.text(u"select count(*), sum(SL) from Zhang"_s).replace(u".0"_s, QString()), u"6|1015"_s);
     }
 };
 
