@@ -1,5 +1,6 @@
 // Runs every class of the reliability suite in one process, then prints the figures.
 #include "Figures.h"
+#include "ServerFaultTest.h"
 
 #include <QApplication>
 #include <QTest>
@@ -18,6 +19,7 @@ int main(int argc, char** argv)
 {
     QApplication app(argc, argv);
     int failed = 0;
+    failed |= run<ServerFaultTest>(argc, argv);
     Figures::print();
     return failed;
 }
