@@ -63,7 +63,7 @@ BenchLedger::BenchLedger(const QString& backend, const LedgerShape& shape)
     t.backendName = backend;
     if (!backend.endsWith(QLatin1String("-30ms")))
         return;
-    relay = std::make_unique<DelayRelay>(quint16(t.db->config().port), 15);
+    relay = std::make_unique<test::ServerRelay>(quint16(t.db->config().port), 15);
     DbConfig slow = t.db->config();
     slow.port = relay->port();
     *t.db = Database(slow);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "DelayRelay.h"
+#include "ServerRelay.h"
 #include "TestContext.h"
 
 #include <memory>
@@ -27,7 +27,7 @@ struct BenchLedger
     BenchLedger(const QString& backend, const LedgerShape& shape);
 
     test::TestContext t;
-    std::unique_ptr<DelayRelay> relay;
+    std::unique_ptr<test::ServerRelay> relay;
 };
 
 } // namespace lanzhou::bench

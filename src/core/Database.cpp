@@ -53,10 +53,15 @@ bool runScript(QSqlDatabase& db, const QString& resource)
 
 } // namespace
 
-Database::Database(DbConfig config) : m_config(std::move(config)), m_dialect(ServerDialect::create(m_config))
+Database::Database(DbConfig config)
+    : m_config(std::move(config)), m_dialect(ServerDialect::create(m_config)),
+      m_watch(std::make_unique<LinkWatch>())
 {
     // The plain parameters exist only while a link is opened.
     const ServerDialect* dialect = m_dialect.get();
+    LinkWatch* watch = m_watch.get();
+    // Asking a rested link whether it is alive may meet a hung server too; it gets as long as a login.
+    const int askMs = m_config.loginSeconds() * 1000;
     m_pool = std::make_unique<LinkPool>(
         dialect->qtDriver(),
         [dialect, config = m_config](QSqlDatabase& db) {
@@ -66,7 +71,11 @@ Database::Database(DbConfig config) : m_config(std::move(config)), m_dialect(Ser
             dialect->linkOpened(db);
             return true;
         },
-        [dialect](QSqlDatabase& db, qint64 idleMs) { return dialect->linkAlive(db, idleMs); },
+        [dialect, watch, askMs](QSqlDatabase& db, qint64 idleMs) {
+            watch->arm(dialect->linkSocket(db), askMs);
+            const bool alive = dialect->linkAlive(db, idleMs);
+            return !watch->disarm() && alive;
+        },
         dialect->idleLimitMs());
 }
 
@@ -166,7 +175,9 @@ bool Database::execute(QSqlDatabase& db, const QString& statement, StatementKind
         for (int j = 0; j < record.count(); ++j)
             row.append(fieldText(query.value(j)));
         m_grid.appendRow(std::move(row));
-        ++rows;
+        // A long read is slow, not silent.
+        if (++rows % 256 == 0)
+            m_watch->rearm();
     }
     // A link dropped mid-read is a failure, not a short result.
     if (query.lastError().isValid()) {
@@ -191,12 +202,17 @@ void Database::onLink(bool repeatable, const std::function<bool(QSqlDatabase&)>&
         if (link.isEmpty())
             return;
         bool healthy = true;
+        bool cut = false;
         {
             QSqlDatabase db = QSqlDatabase::database(link, false);
-            healthy = work(db) || linkSurvived(db);
+            m_watch->arm(m_dialect->linkSocket(db), m_config.silenceLimitMs());
+            const bool done = work(db);
+            cut = m_watch->disarm();
+            healthy = !cut && (done || linkSurvived(db));
         }
         m_pool->giveBack(link, healthy);
-        if (healthy || !reused || !repeatable)
+        // A link the watch had to cut met a hung server, not a stale link: no second try.
+        if (healthy || !reused || !repeatable || cut)
             return;
     }
 }
@@ -241,10 +257,14 @@ QStringList Database::RunBatch(const QStringList& statements, int* failures)
             }
             bool done = true;
             for (const qsizetype i : std::as_const(sent)) {
+                // The link is gone: the rest of the run fails without being sent.
+                if (!db.isOpen())
+                    return false;
                 QString result;
                 const bool ran = execute(db, statements.at(i), classify(statements.at(i)), false, result);
                 answers[i] = result;
                 answered += ran;
+                m_watch->rearm();
                 done = ran && done;
             }
             return done;

@@ -2,6 +2,7 @@
 
 #include "DbConfig.h"
 #include "LinkPool.h"
+#include "LinkWatch.h"
 #include "ResultGrid.h"
 #include "ServerDialect.h"
 
@@ -65,6 +66,7 @@ private:
 
     DbConfig m_config;
     std::unique_ptr<ServerDialect> m_dialect;
+    std::unique_ptr<LinkWatch> m_watch;
     std::unique_ptr<LinkPool> m_pool;
     ResultGrid m_grid;
 };

@@ -34,6 +34,17 @@ struct DbConfig
     Scrambled password;
     Scrambled database;
 
+    // How long one statement may take, in milliseconds. Ten seconds is far beyond what any statement
+    // of the program needs from a healthy server (a large journal reads in about a second over a slow
+    // link), and short enough that a fault is told within fifteen seconds: PostgreSQL cancels the
+    // statement at the limit; a link silent for a second longer is cut (a hung server); a lock is
+    // waited for half the limit (PostgreSQL's lock time-out, SQLite's busy time-out); a login may take
+    // half the limit, two to five seconds. Tests use shorter limits.
+    int statementLimitMs = 10000;
+    int lockWaitMs() const { return statementLimitMs / 2; }
+    int silenceLimitMs() const { return statementLimitMs + 1000; }
+    int loginSeconds() const { return qBound(2, (statementLimitMs + 1999) / 2000, 5); }
+
     // Parses an address as above; answers false with the reason in *error for an address it cannot read.
     static bool fromAddress(const QString& address, DbConfig* config, QString* error);
     // The embedded SQLite file in the user's data folder.

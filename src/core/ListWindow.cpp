@@ -3,6 +3,7 @@
 #include "WindowRules.h"
 
 #include <QCloseEvent>
+#include <QTimer>
 
 namespace lanzhou {
 
@@ -18,12 +19,24 @@ void ListWindow::showEvent(QShowEvent* event)
         FitIntoScreen(this);
 }
 
+void ListWindow::markBusy(bool busy)
+{
+    m_busy = busy;
+    // Closed from the next turn of the event loop, once the run that stopped has returned.
+    if (!busy && m_closing)
+        QTimer::singleShot(0, this, &QWidget::close);
+}
+
 void ListWindow::closeEvent(QCloseEvent* event)
 {
-    if (m_busy)
+    if (m_busy) {
+        m_closing = true;
         event->ignore();
-    else
-        QWidget::closeEvent(event);
+        hide();
+        return;
+    }
+    m_closing = false;
+    QWidget::closeEvent(event);
 }
 
 } // namespace lanzhou

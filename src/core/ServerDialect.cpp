@@ -9,7 +9,9 @@
 #include <QSqlDriver>
 #include <QSqlQuery>
 
+#include <QDir>
 #include <QHash>
+#include <QSet>
 
 #include <libpq-fe.h>
 
@@ -19,25 +21,52 @@
 #include <poll.h>
 #include <sys/stat.h>
 #endif
+#ifdef Q_OS_LINUX
+#include <arpa/inet.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
+#endif
 
 namespace lanzhou {
 
 namespace {
 
-// Seconds a login may take before the runner gives up and answers the empty string.
-constexpr int loginTimeoutSeconds = 5;
-// Milliseconds one statement may run on PostgreSQL before the server cancels it.
-constexpr int statementTimeoutMs = 30000;
-
 // PostgreSQL sessions are pinned when they start, whatever the server's defaults: text in UTF-8,
-// backslashes in quoted values taken literally, and no statement running for ever. Sent with the
-// login, so they cost no round trip.
-QString pinnedPostgresOptions()
+// backslashes in quoted values taken literally, no statement running and no lock waited for beyond
+// the configuration's limits. Sent with the login, so they cost no round trip.
+QString pinnedPostgresOptions(const PlainConnection& params)
 {
     return QStringLiteral("options='-c client_encoding=UTF8 -c standard_conforming_strings=on "
-                          "-c statement_timeout=%1'")
-        .arg(statementTimeoutMs);
+                          "-c statement_timeout=%1 -c lock_timeout=%2'")
+        .arg(params.statementLimitMs)
+        .arg(params.lockWaitMs);
 }
+
+#ifdef Q_OS_LINUX
+// The sockets of the program connected to the port, found among its open files.
+QSet<int> socketsTo(int port)
+{
+    QSet<int> found;
+    const QDir fds(QStringLiteral("/proc/self/fd"));
+    for (const QString& name : fds.entryList(QDir::Files | QDir::System)) {
+        const int fd = name.toInt();
+        struct stat info;
+        sockaddr_storage peer{};
+        socklen_t length = sizeof peer;
+        if (::fstat(fd, &info) != 0 || !S_ISSOCK(info.st_mode) ||
+            ::getpeername(fd, reinterpret_cast<sockaddr*>(&peer), &length) != 0)
+            continue;
+        int peerPort = -1;
+        if (peer.ss_family == AF_INET)
+            peerPort = ntohs(reinterpret_cast<const sockaddr_in*>(&peer)->sin_port);
+        else if (peer.ss_family == AF_INET6)
+            peerPort = ntohs(reinterpret_cast<const sockaddr_in6*>(&peer)->sin6_port);
+        if (peerPort == port)
+            found.insert(fd);
+    }
+    return found;
+}
+#endif
 
 class SqliteDialect final : public ServerDialect
 {
@@ -82,7 +111,7 @@ private:
     {
         db.setDatabaseName(params.server);
         // Two copies of the program on one computer share the file; wait for the other's write.
-        db.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=5000"));
+        db.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=%1").arg(params.lockWaitMs));
     }
     QString rewrite(const QString& statement) const override
     {
@@ -174,14 +203,19 @@ public:
         db.setPassword(params.password);
         db.setDatabaseName(params.database);
         db.setConnectOptions(QStringLiteral("connect_timeout=%1;sslmode=%2;%3")
-                                 .arg(loginTimeoutSeconds)
-                                 .arg(params.sslMode, pinnedPostgresOptions()));
+                                 .arg(params.loginSeconds)
+                                 .arg(params.sslMode, pinnedPostgresOptions(params)));
     }
     QString rewrite(const QString& statement) const override
     {
         return rewriteTopAndGetdate(statement, QStringLiteral("LOCALTIMESTAMP(0)"));
     }
     bool checksLinks() const override { return true; }
+    int linkSocket(QSqlDatabase& db) const override
+    {
+        PGconn* connection = libpqConnection(db);
+        return connection ? PQsocket(connection) : -1;
+    }
     // An idle link has nothing to read: when its socket is readable or closed, the server has ended
     // the session (a restart, a time-out) and the link is dead.
     bool linkAlive(QSqlDatabase& db, qint64) const override
@@ -210,11 +244,34 @@ public:
     {
         QString connection = odbcConnectionString(params);
         if (m_postgres)
-            connection += QStringLiteral(";SSLmode=") + params.sslMode + QStringLiteral(";pqopt={") +
-                          pinnedPostgresOptions() + u'}';
+            connection += QStringLiteral(";SSLmode=") + params.sslMode +
+                          QStringLiteral(";pqopt={connect_timeout=%1 ").arg(params.loginSeconds) +
+                          pinnedPostgresOptions(params) + u'}';
         db.setDatabaseName(connection);
         db.setConnectOptions(QStringLiteral("SQL_ATTR_LOGIN_TIMEOUT=%1;SQL_ATTR_CONNECTION_TIMEOUT=%1")
-                                 .arg(loginTimeoutSeconds));
+                                 .arg(params.loginSeconds));
+#ifdef Q_OS_LINUX
+        m_port = params.port > 0 ? params.port : (m_postgres ? 5432 : 1433);
+        m_before = socketsTo(m_port);
+#endif
+    }
+    // The driver keeps its socket to itself: the link's socket is the one to the server's port that
+    // appeared while it opened.
+    void linkOpened(QSqlDatabase& db) const override
+    {
+#ifdef Q_OS_LINUX
+        for (auto it = m_sockets.begin(); it != m_sockets.end();)
+            it = QSqlDatabase::contains(it.key()) ? std::next(it) : m_sockets.erase(it);
+        const QSet<int> opened = socketsTo(m_port) - m_before;
+        if (opened.size() == 1)
+            m_sockets.insert(db.connectionName(), *opened.cbegin());
+#else
+        Q_UNUSED(db)
+#endif
+    }
+    int linkSocket(QSqlDatabase& db) const override
+    {
+        return m_sockets.value(db.connectionName(), -1);
     }
     QString rewrite(const QString& statement) const override
     {
@@ -233,6 +290,9 @@ public:
 private:
     static constexpr qint64 restedMs = 1000;
     bool m_postgres;
+    mutable int m_port = 0;
+    mutable QSet<int> m_before;
+    mutable QHash<QString, int> m_sockets;
 };
 
 } // namespace
@@ -279,8 +339,8 @@ QString rewriteTopAndGetdate(const QString& statement, const QString& nowExpress
 
 PlainConnection Unscramble(const DbConfig& c)
 {
-    return {c.server.plain(), c.user.plain(), c.password.plain(), c.database.plain(),
-            c.port,           c.odbcDriver,   c.sslMode};
+    return {c.server.plain(), c.user.plain(), c.password.plain(), c.database.plain(), c.port,
+            c.odbcDriver,     c.sslMode,      c.statementLimitMs, c.lockWaitMs(),     c.loginSeconds()};
 }
 
 bool ServerDialect::linkAlive(QSqlDatabase&, qint64) const

@@ -23,6 +23,10 @@ struct PlainConnection
     int port = 0;
     QString odbcDriver;
     QString sslMode;
+    // The configuration's time-outs.
+    int statementLimitMs = 0;
+    int lockWaitMs = 0;
+    int loginSeconds = 0;
 };
 
 // The plain parameters of a configuration; call only where a link is opened.
@@ -50,6 +54,9 @@ public:
     virtual std::optional<Answers> pipeline(QSqlDatabase& db, const QStringList& statements) const;
     // Called once a new link is open, so that the kind may note what it needs to judge it later.
     virtual void linkOpened(QSqlDatabase&) const {}
+    // The socket of a link to a server, for the watch that cuts a link the server leaves unanswered;
+    // below 0 when there is none or the kind cannot tell.
+    virtual int linkSocket(QSqlDatabase&) const { return -1; }
     // How long an idle link stays open, in milliseconds; below 0 for as long as the program runs.
     virtual int idleLimitMs() const { return 60000; }
 

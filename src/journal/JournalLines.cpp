@@ -115,10 +115,12 @@ int FillJournal(JournalLines& lines, const ResultGrid& rows, Database& db, const
     for (int i = 1; i < rows.rowLimit(); ++i) {
         const QString item = rows.cell(i, 3);
         if (!lines.balanceMode()) {
-            progress(QStringLiteral("正在读入第 ") + QString::number(i) + QStringLiteral(" 行……"));
+            if (!progress(QStringLiteral("正在读入第 ") + QString::number(i) + QStringLiteral(" 行……")))
+                return failures;
         } else if (startsItem(i)) {
             grandBalance += balance;
-            progress(QStringLiteral("正在统计【") + item + QStringLiteral("】……"));
+            if (!progress(QStringLiteral("正在统计【") + item + QStringLiteral("】……")))
+                return failures;
             // A failed read is an empty text, which counts as 0.
             balance = NumericValue(openings.at(nextOpening++));
         }

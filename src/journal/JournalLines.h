@@ -52,11 +52,12 @@ private:
 };
 
 // Progress callers show while the listing is built: a caption per row, or per item in balance mode.
-using JournalProgress = std::function<void(const QString& caption)>;
+// It answers false when the listing is to stop there (its window was closed).
+using JournalProgress = std::function<bool(const QString& caption)>;
 
 // Builds the listing from the rows of the journal statement (row 0 the field names; fields id, usr,
 // tm, item, sl, bz). In balance mode each item starts from its balance before the period, read
-// from the database; answers how many of those reads failed.
+// from the database; answers how many of those reads failed. A stopped listing is left unfinished.
 int FillJournal(JournalLines& lines, const ResultGrid& rows, Database& db, const QString& ledgerId,
                 const QString& periodStart, const JournalProgress& progress);
 

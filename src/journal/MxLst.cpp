@@ -175,6 +175,10 @@ void MxLst::runQuery()
     setBusy(true, QStringLiteral("正在读取数据，请稍候……"));
     std::optional<WaitCursor> hourglass(std::in_place);
     YieldEvents();
+    if (stopRequested()) {
+        setBusy(false);
+        return;
+    }
     Database& db = m_context.db;
     const QString count = db.RunQuery(statement.sql);
     if (NumericValue(count) <= 0) {
@@ -197,9 +201,12 @@ void MxLst::runQuery()
         FillJournal(lines, rows, db, filter.ledgerId, filter.periodStart, [&](const QString& caption) {
             ui->CmdWait->setText(caption);
             paced();
+            return !stopRequested();
         });
     hourglass.reset();
     setBusy(false);
+    if (stopRequested())
+        return;
     // Opening balances that could not be read would make every balance after them wrong.
     if (failedReads > 0) {
         dialogs.inform(QStringLiteral("连接服务器失败，请重试！"));

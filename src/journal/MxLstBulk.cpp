@@ -44,9 +44,14 @@ void MxLst::deleteListing()
                 ++kept;
             }
             YieldEvents();
+            // Each entry is deleted whole or not at all; a closed window ends the batch there.
+            if (stopRequested())
+                break;
         }
     }
     setBusy(false);
+    if (stopRequested())
+        return;
 
     QString done = QStringLiteral("批量删除完成！");
     if (kept > 0)

@@ -177,9 +177,12 @@ void HzLst::runReport()
                 ++shownRows;
             }
             paced();
+            return !stopRequested();
         });
     hourglass.reset();
     endWaiting();
+    if (stopRequested())
+        return;
 
     // Reads that failed would show as zeros: no report rather than a wrong one.
     if (failures > 0) {

@@ -109,6 +109,8 @@ void KcLst::runReport()
     const bool read = !m_context.db.RunQuery(m_lastStatement).isEmpty();
     hourglass.reset();
     setBusy(false);
+    if (stopRequested())
+        return;
     if (!read) {
         // The list the operator saw stays, so that a retry is one click away.
         dialogs.inform(QStringLiteral("连接服务器失败，请重试！"), QStringLiteral("提示"));

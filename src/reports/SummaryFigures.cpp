@@ -38,7 +38,7 @@ QStringList SelectSummaryItems(const QStringList& listed, const QString& conditi
 }
 
 int ReadSummaryFigures(Database& db, const QString& ledgerId, const QStringList& items, const QString& start,
-                       const QString& end, const std::function<void(const ItemFigures&)>& onItem)
+                       const QString& end, const std::function<bool(const ItemFigures&)>& onItem)
 {
     int failures = 0;
     for (qsizetype first = 0; first < items.size(); first += itemsPerBatch) {
@@ -55,7 +55,8 @@ int ReadSummaryFigures(Database& db, const QString& ledgerId, const QStringList&
             figures.opening = NumericValue(answers.at(3 * i));
             figures.increase = NumericValue(answers.at(3 * i + 1));
             figures.decrease = -NumericValue(answers.at(3 * i + 2));
-            onItem(figures);
+            if (!onItem(figures))
+                return failures;
         }
     }
     return failures;

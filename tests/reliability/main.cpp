@@ -3,6 +3,7 @@
 #include "ConcurrencyTest.h"
 #include "Figures.h"
 #include "InjectionTest.h"
+#include "ServerFaultTest.h"
 
 #include <QApplication>
 #include <QTest>
@@ -27,6 +28,7 @@ int main(int argc, char** argv)
     failed += run<InjectionTest>(argc, argv);
     failed += run<ConcurrencyTest>(argc, argv);
     failed += run<BadRowsTest>(argc, argv);
+    failed += run<ServerFaultTest>(argc, argv);
     Figures::print();
     return failed;
 }

@@ -129,6 +129,7 @@ TestContext::TestContext(const QString& backend)
       settings(dir.path() + QStringLiteral("/settings"))
 {
     m_working = configFor(backend, dir.path());
+    m_serverPort = quint16(m_working.port);
     db = std::make_unique<Database>(m_working);
     if (!db->prepareEmbeddedFile())
         qFatal("cannot make the embedded ledger file");
@@ -166,6 +167,17 @@ QString TestContext::text(const QString& sql)
 void TestContext::setServerDown(bool down)
 {
     *db = Database(down ? unreachableConfig(backendName) : m_working);
+}
+
+void TestContext::reconfigure(const std::function<void(DbConfig&)>& change)
+{
+    change(m_working);
+    *db = Database(m_working);
+}
+
+void TestContext::pointAt(quint16 port)
+{
+    reconfigure([this, port](DbConfig& config) { config.port = port ? port : m_serverPort; });
 }
 
 void TestContext::openLedger(const QString& id, const QString& name, const QString& item,

@@ -11,6 +11,7 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
+#include <functional>
 #include <memory>
 
 namespace lanzhou::test {
@@ -41,6 +42,11 @@ public:
     QString text(const QString& sql);
     // Points the runners at a server that is down, or back at the ledger database.
     void setServerDown(bool down);
+    // Changes the ledger database's configuration (its time-outs, its port) and reopens the runners
+    // on it; windows holding the context keep working on the changed one.
+    void reconfigure(const std::function<void(DbConfig&)>& change);
+    // Points a shared server's runners at the port of a relay in front of it, 0 back at the server.
+    void pointAt(quint16 port);
     // Adds a ledger row and opens it in the session with all rights, as after a login.
     void openLedger(const QString& id, const QString& name, const QString& item = QStringLiteral("物品"),
                     const QString& quantity = QStringLiteral("存量"),
@@ -57,6 +63,7 @@ public:
 
 private:
     DbConfig m_working;
+    quint16 m_serverPort = 0;
 };
 
 // The address of a database that is down: nothing listens on the port.
