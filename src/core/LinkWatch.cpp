@@ -27,6 +27,7 @@ void LinkWatch::arm(int socket, int limitMs)
 {
     if (socket < 0)
         return;
+    bool wake = false;
     {
         const std::lock_guard lock(m_mutex);
         m_socket = socket;
@@ -35,8 +36,12 @@ void LinkWatch::arm(int socket, int limitMs)
         m_cut = false;
         if (!m_thread.joinable())
             m_thread = std::thread([this] { watch(); });
+        // A thread already waiting for an earlier statement's deadline looks again when it passes;
+        // waking it for every statement would cost a switch of threads each time.
+        wake = m_idle || m_deadline < m_waitingUntil;
     }
-    m_wake.notify_one();
+    if (wake)
+        m_wake.notify_one();
 }
 
 void LinkWatch::rearm()
@@ -58,11 +63,14 @@ void LinkWatch::watch()
     std::unique_lock lock(m_mutex);
     while (!m_ending) {
         if (m_socket < 0) {
+            m_idle = true;
             m_wake.wait(lock);
+            m_idle = false;
             continue;
         }
-        if (m_wake.wait_until(lock, m_deadline) == std::cv_status::timeout && m_socket >= 0 &&
-            std::chrono::steady_clock::now() >= m_deadline) {
+        m_waitingUntil = m_deadline;
+        m_wake.wait_until(lock, m_waitingUntil);
+        if (!m_ending && m_socket >= 0 && std::chrono::steady_clock::now() >= m_deadline) {
             // Under the lock: the runner cannot give the link back, and so close the socket, meanwhile.
 #ifdef Q_OS_WIN
             ::shutdown(m_socket, SD_BOTH);

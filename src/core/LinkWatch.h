@@ -36,6 +36,9 @@ private:
     int m_socket = -1;
     int m_limitMs = 0;
     std::chrono::steady_clock::time_point m_deadline;
+    // The deadline the thread sleeps until, and whether it sleeps with none (nothing watched).
+    std::chrono::steady_clock::time_point m_waitingUntil;
+    bool m_idle = false;
     bool m_cut = false;
     bool m_ending = false;
 };
