@@ -378,4 +378,11 @@ std::unique_ptr<ServerDialect> ServerDialect::create(const DbConfig& config)
     return std::make_unique<OdbcDialect>(false);
 }
 
+QString LikeText(ServerKind kind, const QString& text)
+{
+    if (kind != ServerKind::PostgreSql)
+        return text;
+    return QString(text).replace(u'\\', QStringLiteral("\\\\"));
+}
+
 } // namespace lanzhou

@@ -68,4 +68,9 @@ public:
 // Rewrites `select top N ...` to `select ... limit N` and `Getdate()` to the given "now" expression.
 QString rewriteTopAndGetdate(const QString& statement, const QString& nowExpression);
 
+// Typed text (already cleaned) as the body of a like pattern that finds it on this server kind:
+// PostgreSQL reads a backslash in a pattern as an escape, so there it is doubled. "%" and "_" stay
+// wildcards everywhere, as the operator may type them on purpose.
+QString LikeText(ServerKind kind, const QString& text);
+
 } // namespace lanzhou

@@ -1,5 +1,6 @@
 #include "JournalQuery.h"
 
+#include "ServerDialect.h"
 #include "TextUtils.h"
 
 namespace lanzhou {
@@ -16,7 +17,8 @@ JournalStatement BuildJournalStatement(const JournalFilter& filter)
     const QString item = CleanInput(filter.itemText);
     if (!item.isEmpty() && item != filter.allItemsEntry) {
         if (filter.itemContains)
-            sql += QStringLiteral(" And Item like '%") + item + QStringLiteral("%' ");
+            sql += QStringLiteral(" And Item like '%") + LikeText(filter.serverKind, item) +
+                   QStringLiteral("%' ");
         else
             sql += QStringLiteral(" And Item='") + item + QStringLiteral("' ");
     }
@@ -31,7 +33,8 @@ JournalStatement BuildJournalStatement(const JournalFilter& filter)
 
     const QString remark = CleanInput(filter.remarkText);
     if (!remark.isEmpty()) {
-        sql += QStringLiteral(" And Bz like '%") + remark + QStringLiteral("%' ");
+        sql +=
+            QStringLiteral(" And Bz like '%") + LikeText(filter.serverKind, remark) + QStringLiteral("%' ");
         st.balanceMode = false;
     }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "DbConfig.h"
+
 #include <QString>
 
 namespace lanzhou {
@@ -13,10 +15,11 @@ struct JournalFilter
     QString itemText;      // CmbItm, before cleaning
     QString allItemsEntry; // "全部" + item label: no item condition
     bool itemContains = false;
-    int signIndex = 0;    // 0 all, 1 increases, 2 decreases
-    QString remarkText;   // TxtBZ, before cleaning
-    QString operatorName; // empty: every operator
-    int sortIndex = 0;    // 0 item, 1 time, 2 quantity
+    int signIndex = 0;                          // 0 all, 1 increases, 2 decreases
+    QString remarkText;                         // TxtBZ, before cleaning
+    QString operatorName;                       // empty: every operator
+    int sortIndex = 0;                          // 0 item, 1 time, 2 quantity
+    ServerKind serverKind = ServerKind::Sqlite; // how the "contains" patterns are written
 };
 
 struct JournalStatement

@@ -107,6 +107,7 @@ JournalFilter MxLst::currentFilter() const
 {
     JournalFilter filter;
     filter.ledgerId = m_context.session.ledgerId();
+    filter.serverKind = m_context.db.config().kind;
     filter.periodStart = PeriodText(m_start);
     filter.periodEnd = PeriodText(m_end);
     filter.itemText = ui->CmbItm->currentText();

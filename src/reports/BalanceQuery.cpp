@@ -1,5 +1,6 @@
 #include "BalanceQuery.h"
 
+#include "ServerDialect.h"
 #include "TextUtils.h"
 
 namespace lanzhou {
@@ -20,14 +21,14 @@ bool PassesQuantityCondition(double total, QuantityRelation relation, double thr
 }
 
 QString BalanceStatement(const QString& ledgerId, const QString& item, bool contains,
-                         const QString& sortClause)
+                         const QString& sortClause, ServerKind serverKind)
 {
     QString sql = QStringLiteral("select Item,sum(SL) from Zhang Where ZBID='") + SqlLiteral(ledgerId) +
                   QStringLiteral("' ");
     // "%" and "_" in the text reach the pattern as they are: the operator may use them on purpose.
     if (!item.isEmpty()) {
         if (contains)
-            sql += QStringLiteral(" And Item like '%") + item + QStringLiteral("%' ");
+            sql += QStringLiteral(" And Item like '%") + LikeText(serverKind, item) + QStringLiteral("%' ");
         else
             sql += QStringLiteral(" And Item='") + item + QStringLiteral("' ");
     }

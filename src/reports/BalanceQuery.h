@@ -1,5 +1,7 @@
 #pragma once
 
+#include "DbConfig.h"
+
 #include <QString>
 
 namespace lanzhou {
@@ -22,7 +24,7 @@ bool PassesQuantityCondition(double total, QuantityRelation relation, double thr
 // Every item's total in the ledger, or only the item named (`contains`: whose name contains the text);
 // an empty item text selects all items. The item text is typed text, already cleaned.
 QString BalanceStatement(const QString& ledgerId, const QString& item, bool contains,
-                         const QString& sortClause);
+                         const QString& sortClause, ServerKind serverKind);
 
 // The time of an item's last entry, for the drill-down.
 QString LastEntryStatement(const QString& ledgerId, const QString& item);

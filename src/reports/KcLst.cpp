@@ -100,8 +100,8 @@ void KcLst::runReport()
     QString item = CleanInput(ui->Cmb->currentText());
     if (item == AllItemsEntry(session.itemLabel()))
         item.clear();
-    m_lastStatement =
-        BalanceStatement(session.ledgerId(), item, ui->CmbGX1->currentIndex() == 1, m_sortClause);
+    m_lastStatement = BalanceStatement(session.ledgerId(), item, ui->CmbGX1->currentIndex() == 1,
+                                       m_sortClause, m_context.db.config().kind);
 
     setBusy(true);
     std::optional<WaitCursor> hourglass(std::in_place);
