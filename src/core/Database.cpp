@@ -229,7 +229,7 @@ QString Database::run(const QString& statement, bool fillGrid)
     return result;
 }
 
-QStringList Database::RunBatch(const QStringList& statements, int* failures)
+QStringList Database::RunBatch(const QStringList& statements, QList<bool>* failed)
 {
     const WaitCursor hourglass;
     QStringList answers(statements.size());
@@ -244,14 +244,15 @@ QStringList Database::RunBatch(const QStringList& statements, int* failures)
         sent.append(i);
         rewritten.append(m_dialect->rewrite(statements.at(i)));
     }
-    int answered = 0;
+    // Every statement counts as failed until it is answered, also those never sent.
+    QList<bool> unanswered(statements.size(), true);
     if (!sent.isEmpty()) {
         onLink(onlyReads, [&](QSqlDatabase& db) {
-            answered = 0;
+            unanswered.fill(true);
             if (const auto piped = m_dialect->pipeline(db, rewritten)) {
                 for (qsizetype k = 0; k < sent.size(); ++k) {
                     answers[sent.at(k)] = piped->at(k).value_or(QString());
-                    answered += piped->at(k).has_value();
+                    unanswered[sent.at(k)] = !piped->at(k).has_value();
                 }
                 return true;
             }
@@ -263,15 +264,15 @@ QStringList Database::RunBatch(const QStringList& statements, int* failures)
                 QString result;
                 const bool ran = execute(db, statements.at(i), classify(statements.at(i)), false, result);
                 answers[i] = result;
-                answered += ran;
+                unanswered[i] = !ran;
                 m_watch->rearm();
                 done = ran && done;
             }
             return done;
         });
     }
-    if (failures)
-        *failures = int(statements.size()) - answered;
+    if (failed)
+        *failed = unanswered;
     return answers;
 }
 

@@ -35,9 +35,9 @@ public:
     QString RunScalar(const QString& statement);
     // A run of statements known in advance (the journal's opening balances), each answered exactly as
     // RunScalar would answer it, in order. PostgreSQL pipelines them over one link; other kinds run
-    // them one by one on one link. `failures`, when given, receives how many statements failed, since
-    // an empty answer alone cannot tell a failure from a NULL.
-    QStringList RunBatch(const QStringList& statements, int* failures = nullptr);
+    // them one by one on one link. `failed`, when given, receives for each statement whether it failed,
+    // since an empty answer alone cannot tell a failure from a NULL.
+    QStringList RunBatch(const QStringList& statements, QList<bool>* failed = nullptr);
 
     const ResultGrid& grid() const { return m_grid; }
     const DbConfig& config() const { return m_config; }
@@ -70,5 +70,13 @@ private:
     std::unique_ptr<LinkPool> m_pool;
     ResultGrid m_grid;
 };
+
+// Whether a batch's failures mean that the server is gone: a read that failed while later reads were
+// answered was a single failure, which counts as 0; failures that run to the end of the batch mean
+// that nobody answers any more.
+inline bool ServerGone(const QList<bool>& failed)
+{
+    return !failed.isEmpty() && failed.constLast();
+}
 
 } // namespace lanzhou

@@ -87,8 +87,8 @@ void JournalLines::addTotals(double increase, double decrease, double grandBalan
     add(line);
 }
 
-int FillJournal(JournalLines& lines, const ResultGrid& rows, Database& db, const QString& ledgerId,
-                const QString& periodStart, const JournalProgress& progress)
+bool FillJournal(JournalLines& lines, const ResultGrid& rows, Database& db, const QString& ledgerId,
+                 const QString& periodStart, const JournalProgress& progress)
 {
     lines.addHeading();
     lines.addRule(JournalLines::Rule::Framed);
@@ -104,8 +104,9 @@ int FillJournal(JournalLines& lines, const ResultGrid& rows, Database& db, const
     for (int i = 1; lines.balanceMode() && i < rows.rowLimit(); ++i)
         if (startsItem(i))
             openingReads.append(OpeningBalanceStatement(ledgerId, rows.cell(i, 3), periodStart));
-    int failures = 0;
-    const QStringList openings = db.RunBatch(openingReads, &failures);
+    QList<bool> failed;
+    const QStringList openings = db.RunBatch(openingReads, &failed);
+    const bool answered = !ServerGone(failed);
 
     double increase = 0;
     double decrease = 0;
@@ -116,11 +117,11 @@ int FillJournal(JournalLines& lines, const ResultGrid& rows, Database& db, const
         const QString item = rows.cell(i, 3);
         if (!lines.balanceMode()) {
             if (!progress(QStringLiteral("正在读入第 ") + QString::number(i) + QStringLiteral(" 行……")))
-                return failures;
+                return answered;
         } else if (startsItem(i)) {
             grandBalance += balance;
             if (!progress(QStringLiteral("正在统计【") + item + QStringLiteral("】……")))
-                return failures;
+                return answered;
             // A failed read is an empty text, which counts as 0.
             balance = NumericValue(openings.at(nextOpening++));
         }
@@ -140,7 +141,7 @@ int FillJournal(JournalLines& lines, const ResultGrid& rows, Database& db, const
     lines.addRule(JournalLines::Rule::Single);
     lines.addTotals(increase, decrease, grandBalance);
     lines.addRule(JournalLines::Rule::Framed);
-    return failures;
+    return answered;
 }
 
 } // namespace lanzhou

@@ -57,8 +57,9 @@ using JournalProgress = std::function<bool(const QString& caption)>;
 
 // Builds the listing from the rows of the journal statement (row 0 the field names; fields id, usr,
 // tm, item, sl, bz). In balance mode each item starts from its balance before the period, read
-// from the database; answers how many of those reads failed. A stopped listing is left unfinished.
-int FillJournal(JournalLines& lines, const ResultGrid& rows, Database& db, const QString& ledgerId,
-                const QString& periodStart, const JournalProgress& progress);
+// from the database, a single failed read counting as 0. Answers false when the server stopped
+// answering those reads, so that no balance can be trusted. A stopped listing is left unfinished.
+bool FillJournal(JournalLines& lines, const ResultGrid& rows, Database& db, const QString& ledgerId,
+                 const QString& periodStart, const JournalProgress& progress);
 
 } // namespace lanzhou

@@ -198,7 +198,7 @@ void MxLst::runQuery()
                        statement.balanceMode);
     // The caption follows every row; the window repaints it as the pace allows.
     PacedYield paced;
-    const int failedReads =
+    const bool answered =
         FillJournal(lines, rows, db, filter.ledgerId, filter.periodStart, [&](const QString& caption) {
             ui->CmdWait->setText(caption);
             paced();
@@ -208,8 +208,8 @@ void MxLst::runQuery()
     setBusy(false);
     if (stopRequested())
         return;
-    // Opening balances that could not be read would make every balance after them wrong.
-    if (failedReads > 0) {
+    // With the server gone during the opening balances, every balance after them would be wrong.
+    if (!answered) {
         dialogs.inform(QStringLiteral("连接服务器失败，请重试！"));
         return;
     }

@@ -169,7 +169,7 @@ void HzLst::runReport()
     const bool hideZeroSums = ui->Chk->isChecked();
     int shownRows = 0;
     PacedYield paced;
-    const int failures = ReadSummaryFigures(
+    const bool answered = ReadSummaryFigures(
         m_context.db, m_context.session.ledgerId(), selected, start, end, [&](const ItemFigures& figures) {
             ui->CmdWait->setText(QStringLiteral("正在读取 ") + figures.item + QStringLiteral(" ……"));
             if (!hideZeroSums || !figures.sumsToZero()) {
@@ -184,8 +184,8 @@ void HzLst::runReport()
     if (stopRequested())
         return;
 
-    // Reads that failed would show as zeros: no report rather than a wrong one.
-    if (failures > 0) {
+    // A server gone in the middle would leave the rest as zeros: no report rather than a wrong one.
+    if (!answered) {
         drawHead();
         dialogs.inform(QStringLiteral("连接服务器失败，请重试！"));
         return;

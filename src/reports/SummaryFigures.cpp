@@ -37,18 +37,18 @@ QStringList SelectSummaryItems(const QStringList& listed, const QString& conditi
     return selected;
 }
 
-int ReadSummaryFigures(Database& db, const QString& ledgerId, const QStringList& items, const QString& start,
-                       const QString& end, const std::function<bool(const ItemFigures&)>& onItem)
+bool ReadSummaryFigures(Database& db, const QString& ledgerId, const QStringList& items, const QString& start,
+                        const QString& end, const std::function<bool(const ItemFigures&)>& onItem)
 {
-    int failures = 0;
     for (qsizetype first = 0; first < items.size(); first += itemsPerBatch) {
         const QStringList batch = items.mid(first, itemsPerBatch);
         QStringList reads;
         for (const QString& item : batch)
             reads += SummaryStatements(ledgerId, item, start, end);
-        int failed = 0;
+        QList<bool> failed;
         const QStringList answers = db.RunBatch(reads, &failed);
-        failures += failed;
+        if (ServerGone(failed))
+            return false;
         for (qsizetype i = 0; i < batch.size(); ++i) {
             ItemFigures figures;
             figures.item = batch.at(i);
@@ -56,10 +56,10 @@ int ReadSummaryFigures(Database& db, const QString& ledgerId, const QStringList&
             figures.increase = NumericValue(answers.at(3 * i + 1));
             figures.decrease = -NumericValue(answers.at(3 * i + 2));
             if (!onItem(figures))
-                return failures;
+                return true;
         }
     }
-    return failures;
+    return true;
 }
 
 } // namespace lanzhou

@@ -35,9 +35,10 @@ QStringList SelectSummaryItems(const QStringList& listed, const QString& conditi
 
 // Reads the figures of the items and hands each to `onItem` in order. The reads go to the server in
 // batches of two hundred items, so a slow link costs a few round trips per batch rather than three per
-// item, and the window still shows progress between batches; a failed read counts as 0. `onItem`
-// answers false to stop the reads there (the window was closed). Answers how many reads failed.
-int ReadSummaryFigures(Database& db, const QString& ledgerId, const QStringList& items, const QString& start,
-                       const QString& end, const std::function<bool(const ItemFigures&)>& onItem);
+// item, and the window still shows progress between batches; a single failed read counts as 0. `onItem`
+// answers false to stop the reads there (the window was closed). Answers false when the server
+// stopped answering, before the items of that batch are handed on.
+bool ReadSummaryFigures(Database& db, const QString& ledgerId, const QStringList& items, const QString& start,
+                        const QString& end, const std::function<bool(const ItemFigures&)>& onItem);
 
 } // namespace lanzhou

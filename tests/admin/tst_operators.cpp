@@ -7,8 +7,6 @@
 
 #include <QApplication>
 #include <QCheckBox>
-#include <QSqlDatabase>
-#include <QSqlQuery>
 #include <QTest>
 #include <QTimer>
 
@@ -72,26 +70,13 @@ const QString kAll = u"1111111111111111"_s;
 // the old row was removed would.
 void refusePasswordDown(TestContext& t)
 {
-    const DbConfig& c = t.db->config();
-    const bool lite = c.kind == ServerKind::Sqlite;
-    {
-        QSqlDatabase db = QSqlDatabase::addDatabase(lite ? u"QSQLITE"_s : u"QPSQL"_s, u"refuse"_s);
-        db.setHostName(c.server.plain());
-        db.setPort(c.port);
-        db.setUserName(c.user.plain());
-        db.setDatabaseName(lite ? c.server.plain() : c.database.plain());
-        QVERIFY(db.open());
-        QSqlQuery q(db);
-        const QStringList sql =
-            lite ? QStringList{u"create trigger if not exists refuse before insert on UsrLst when "
-                               "NEW.PWD='down' begin select raise(fail,'down'); end"_s}
-                 : QStringList{u"set client_min_messages=warning"_s,
-                               u"alter table UsrLst drop constraint if exists refuse"_s,
-                               u"alter table UsrLst add constraint refuse check (PWD<>'down')"_s};
-        for (const QString& statement : sql)
-            QVERIFY(q.exec(statement));
-    }
-    QSqlDatabase::removeDatabase(u"refuse"_s);
+    if (t.db->config().kind == ServerKind::Sqlite)
+        t.alter({u"create trigger if not exists refuse before insert on UsrLst when "
+                 "NEW.PWD='down' begin select raise(fail,'down'); end"_s});
+    else
+        t.alter({u"set client_min_messages=warning"_s,
+                 u"alter table UsrLst drop constraint if exists refuse"_s,
+                 u"alter table UsrLst add constraint refuse check (PWD<>'down')"_s});
 }
 
 } // namespace

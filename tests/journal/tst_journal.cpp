@@ -204,6 +204,18 @@ private slots:
         QCOMPARE(j.t.dialogs.shown().at(1).title, QString());
         QCOMPARE(j.lines() + j.lines(u"Lst2"_s), QStringList());
         QVERIFY(d.w<QWidget>(u"Cmd_0"_s)->isEnabled() && d.w<QWidget>(u"CmdWait"_s)->isHidden());
+
+        // One opening read that fails while the server still answers the others counts as 0: B型螺母
+        // then starts from its first entry in the period.
+        if (backend != u"sqlite"_s)
+            return;
+        j.t.alter({u"alter table Zhang rename to ZhangRows"_s,
+                   u"create view Zhang as select ZBID,USR,TM,ID,ITEM,case when ITEM='B型螺母' and "
+                   u"TM<'2026-11-02' then json(ITEM) else SL end as SL,BZ from ZhangRows"_s});
+        j.t.dialogs.clear();
+        d.click(u"Cmd_0"_s);
+        QCOMPARE(j.t.dialogs.texts(), QStringList());
+        QCOMPARE(CellTexts(j.lines().at(7)).section(u'|', 3, 5), u"|30.25|-30.25"_s);
     }
 
     // Each filter and sort on the sample day, set as control=entry pairs: its clauses (ordered by item

@@ -15,8 +15,6 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QSignalSpy>
-#include <QSqlDatabase>
-#include <QSqlQuery>
 #include <QTest>
 #include <QTimer>
 
@@ -609,19 +607,11 @@ private slots:
         TestContext t;
         prepareLedger(t, u"L1"_s, u"五金仓库"_s, u"张三"_s, u"pw"_s);
         const QString file = t.db->config().server.plain();
-        const auto otherTool = [&file](const QString& sql) {
-            {
-                QSqlDatabase db = QSqlDatabase::addDatabase(u"QSQLITE"_s, u"other"_s);
-                db.setDatabaseName(file);
-                QVERIFY(db.open() && QSqlQuery(db).exec(sql));
-            }
-            QSqlDatabase::removeDatabase(u"other"_s);
-        };
         KuangDriver d(t.context());
         d.post();
         d.type(u"TxtPwd"_s, u"pw"_s);
         d.click(u"Chk2"_s);
-        otherTool(u"alter table Zhang rename to Away"_s);
+        t.alter({u"alter table Zhang rename to Away"_s});
         d.post();
         QCOMPARE(lastMessage(t), (QStringList{u"提示"_s, u"连接服务器失败，请重试！"_s}));
         QCOMPARE(d.panel(), Kuang::LoginPanel);
@@ -629,7 +619,7 @@ private slots:
         QCOMPARE(d.text(u"TxtPwd"_s) + setting(t.settings, u"L1"_s, u"FR"_s) +
                      setting(t.settings, u"FR"_s, u"张三#L1"_s),
                  u"pw"_s);
-        otherTool(u"alter table Away rename to Zhang"_s);
+        t.alter({u"alter table Away rename to Zhang"_s});
         d.post();
         QCOMPARE(setting(t.settings, u"FR"_s, u"张三#L1"_s), u"pw"_s);
 

@@ -143,6 +143,29 @@ QString TestContext::exec(const QString& sql)
     return result;
 }
 
+void TestContext::alter(const QStringList& statements)
+{
+    const DbConfig& c = db->config();
+    const bool lite = c.kind == ServerKind::Sqlite;
+    {
+        QSqlDatabase other = QSqlDatabase::addDatabase(
+            lite ? QStringLiteral("QSQLITE") : QStringLiteral("QPSQL"), QStringLiteral("lz-alter"));
+        other.setHostName(c.server.plain());
+        other.setPort(c.port);
+        other.setUserName(c.user.plain());
+        other.setPassword(c.password.plain());
+        other.setDatabaseName(lite ? c.server.plain() : c.database.plain());
+        if (!other.open())
+            QTest::qFail(qPrintable(other.lastError().text()), __FILE__, __LINE__);
+        QSqlQuery q(other);
+        for (const QString& statement : statements)
+            if (!q.exec(statement))
+                QTest::qFail(qPrintable(statement + QStringLiteral(": ") + q.lastError().text()), __FILE__,
+                             __LINE__);
+    }
+    QSqlDatabase::removeDatabase(QStringLiteral("lz-alter"));
+}
+
 QList<QStringList> TestContext::rows(const QString& sql)
 {
     QList<QStringList> out;

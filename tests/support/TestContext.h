@@ -36,6 +36,9 @@ public:
     AppContext context() { return {session, *db, dialogs, shell, clock, settings}; }
     // Runs a fixture statement and fails the test when it does not succeed.
     QString exec(const QString& sql);
+    // Runs statements the program never sends (schema changes, as another tool would make them) on a
+    // connection of the test's own, and fails the test when one does not succeed.
+    void alter(const QStringList& statements);
     // All rows of a fixture read, data rows only, each row's fields in order.
     QList<QStringList> rows(const QString& sql);
     // The same as one text: fields joined by "|", rows by ";".
