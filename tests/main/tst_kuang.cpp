@@ -1,6 +1,6 @@
 #include "Announcement.h"
 #include "AppConstants.h"
-#include "Kuang.h"
+#include "KuangDriver.h"
 #include "LedgerList.h"
 #include "TestContext.h"
 #include "WindowDriver.h"
@@ -25,30 +25,6 @@ using namespace lanzhou::test;
 using namespace Qt::StringLiterals;
 
 namespace {
-// The main window, shown and active, driven through the shared window driver.
-class KuangDriver : public WindowDriver
-{
-public:
-    explicit KuangDriver(AppContext context) : kuang(std::make_unique<Kuang>(context))
-    {
-        setWindow(kuang.get());
-        kuang->show();
-        activate();
-    }
-    Kuang::Panel panel() const { return kuang->panel(); }
-    // The one command button: opens the ledger, logs in or posts, as the panel has it.
-    void post() const { click(u"Cmd"_s); }
-    // Posts one movement as typed into the item and quantity boxes.
-    void enter(const QString& item, const QString& quantity) const
-    {
-        type(u"Cmb"_s, item);
-        type(u"Txt"_s, quantity);
-        post();
-    }
-
-    std::unique_ptr<Kuang> kuang;
-};
-
 QString setting(const Settings& settings, const QString& section, const QString& key)
 {
     return settings.read(AppConstants::settingsApp(), section, key);
@@ -68,8 +44,7 @@ QStringList lastMessage(const TestContext& t)
 // The ledger as the only, last opened entry of the local list, read against a known server date.
 void rememberLedger(TestContext& t, const QString& id, const QString& name)
 {
-    writeSetting(t.settings, u"FR"_s, u"0Z"_s, id + u'#' + name);
-    writeSetting(t.settings, u"ZBID"_s, u"FR"_s, id);
+    RememberLedger(t.settings, id, name);
     t.session.serverDateText = u"2026-11-15"_s;
     t.session.serverDateDay = 15;
 }
@@ -338,8 +313,7 @@ private slots:
         t.exec(u"insert into Zhang (ZBID,USR,TM,ID,ITEM,SL,BZ) values "
                u"('L1','管理员','2026-11-01 08:00','N11010000001','垫片',7.5,'')"_s);
         KuangDriver d(t.context());
-        d.post();
-        d.post();
+        d.logIn();
         const auto relogin = [&t, &d](const QString& rights) {
             t.exec(u"update UsrLst set QX='%1' where ZBID='L1'"_s.arg(rights));
             d.chooseMenu(u"CmdMenu"_s, u"Menu_Login"_s);
@@ -437,8 +411,7 @@ private slots:
         TestContext t(backend);
         prepareLedger(t, u"L1"_s, u"五金仓库"_s);
         KuangDriver d(t.context());
-        d.post();
-        d.post();
+        d.logIn();
 
         t.dialogs.queueAnswer(DialogAnswer::Yes);
         d.chooseMenu(u"CmdMenu"_s, u"Menu_SeeZbID"_s);
@@ -530,8 +503,7 @@ private slots:
         TestContext t(backend);
         prepareLedger(t, u"L1"_s, u"五金仓库"_s);
         KuangDriver a(t.context());
-        a.post();
-        a.post();
+        a.logIn();
 
         t.session.setRights(u"0111111111111010"_s);
         for (const QString& entry : {u"Menu_Guanli"_s, u"Menu_ReSetPwd"_s, u"Menu_GongGao"_s})
@@ -563,8 +535,7 @@ private slots:
 
         Session other;
         KuangDriver b(AppContext{other, *t.db, t.dialogs, t.shell, t.clock, t.settings});
-        b.post();
-        b.post();
+        b.logIn();
         QCOMPARE(b.text(u"Lab3"_s), u"今晚盘点"_s);
         QVERIFY(b.w<QLabel>(u"Lab3"_s)->styleSheet().contains(published.colour.name()));
 
@@ -584,8 +555,7 @@ private slots:
         prepareLedger(t, u"L1"_s, u"五金仓库"_s);
         t.exec(u"insert into Zhang (ZBID,USR,TM,ID,ITEM,SL,BZ) values ('L1','x','','E1','screw',40,'')"_s);
         KuangDriver d(t.context());
-        d.post();
-        d.post();
+        d.logIn();
         d.type(u"Cmb"_s, u"SCREW"_s);
         d.press(u"Cmb"_s, Qt::Key_Tab);
         QCOMPARE(d.text(u"Lab4"_s), u"当前存量：40"_s);

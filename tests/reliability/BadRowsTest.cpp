@@ -2,7 +2,7 @@
 
 #include "AppConstants.h"
 #include "Figures.h"
-#include "Kuang.h"
+#include "KuangDriver.h"
 #include "TestContext.h"
 #include "WindowDriver.h"
 
@@ -82,10 +82,7 @@ void BadRowsTest::badRows()
     t.session.serverDateText = u"2026-11-15"_s;
     t.session.serverDateDay = 15;
 
-    Kuang kuang(t.context());
-    WindowDriver d(&kuang);
-    kuang.show();
-    d.activate();
+    KuangDriver d(t.context());
     const auto logIn = [&d](const QString& op) {
         d.pick(u"CmbUser"_s, op);
         d.click(u"Cmd"_s);

@@ -3,7 +3,7 @@
 #include "AppConstants.h"
 #include "DateUtils.h"
 #include "Figures.h"
-#include "Kuang.h"
+#include "KuangDriver.h"
 #include "TestContext.h"
 #include "TextUtils.h"
 #include "WindowDriver.h"
@@ -86,20 +86,14 @@ int RunPostWorker(const QStringList& arguments)
     RecordingShell shell;
     FixedClock clock(QDate::currentDate(), QTime(9, 0));
     Settings settings(dir.path());
-    settings.write(AppConstants::settingsApp(), u"FR"_s, u"0Z"_s, ledger + u'#' + ledger);
-    settings.write(AppConstants::settingsApp(), u"ZBID"_s, u"FR"_s, ledger);
+    RememberLedger(settings, ledger, ledger);
 
-    Kuang kuang({session, db, dialogs, shell, clock, settings});
-    WindowDriver d(&kuang);
-    kuang.show();
-    d.activate();
-    d.click(u"Cmd"_s);
-    d.pick(u"CmbUser"_s, op);
-    d.click(u"Cmd"_s);
+    KuangDriver d({session, db, dialogs, shell, clock, settings});
+    d.logIn(op);
     int posted = 0;
     qint64 from = 0;
     qint64 to = 0;
-    if (kuang.panel() == Kuang::EntryPanel) {
+    if (d.panel() == Kuang::EntryPanel) {
         std::printf("READY\n");
         std::fflush(stdout);
         QFile input;

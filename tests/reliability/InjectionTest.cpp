@@ -11,7 +11,7 @@
 #include "HzLst.h"
 #include "JournalOpener.h"
 #include "KcLst.h"
-#include "Kuang.h"
+#include "KuangDriver.h"
 #include "LedgerList.h"
 #include "MxEd.h"
 #include "MxLst.h"
@@ -126,8 +126,7 @@ void enter(const WindowDriver& d, const QString& name, const QString& text, bool
 // The ledger as the last one opened on this computer, read against a known server date.
 void rememberLedger(TestContext& t, const QString& id, const QString& name)
 {
-    t.settings.write(AppConstants::settingsApp(), u"FR"_s, u"0Z"_s, id + u'#' + name);
-    t.settings.write(AppConstants::settingsApp(), u"ZBID"_s, u"FR"_s, id);
+    RememberLedger(t.settings, id, name);
     t.session.serverDateText = u"2026-11-15"_s;
     t.session.serverDateDay = 15;
 }
@@ -241,11 +240,8 @@ void InjectionTest::typedTexts()
     rememberLedger(t, u"L1"_s, u"五金仓库"_s);
     QStringList ids, items; // each posting's entry ID and item as stored
     {
-        Kuang kuang(t.context());
-        kuang.show();
-        WindowDriver k(&kuang);
-        k.click(u"Cmd"_s);
-        k.click(u"Cmd"_s);
+        KuangDriver k(t.context());
+        k.logIn();
         for (qsizetype i = 0; i < c.size(); ++i) {
             const QString remark = c[(i + 1) % c.size()].text;
             t.clock.advance(1000);
@@ -423,12 +419,8 @@ void InjectionTest::administration()
     r.noBreakOut(u"operators"_s);
 
     // Each text as the administrator's password: set, logged in with, typed for a bulk delete.
-    Kuang kuang(t.context());
-    kuang.show();
-    WindowDriver k(&kuang);
-    k.click(u"Cmd"_s);
-    k.pick(u"CmbUser"_s, u"管理员"_s);
-    k.click(u"Cmd"_s);
+    KuangDriver k(t.context());
+    k.logIn(u"管理员"_s);
     for (qsizetype i = 0; i < c.size(); ++i) {
         {
             UsrPwd window(t.context(), UsrPwd::Mode::ChangePassword);
@@ -444,8 +436,7 @@ void InjectionTest::administration()
         k.pick(u"CmbUser"_s, u"管理员"_s);
         enter(k, u"TxtPwd"_s, c[i].text, true);
         k.click(u"Cmd"_s);
-        r.compare(u"passwords"_s, r.said() + QString::number(kuang.panel()), u"2"_s,
-                  c[i].name + u" logs in"_s);
+        r.compare(u"passwords"_s, r.said() + QString::number(k.panel()), u"2"_s, c[i].name + u" logs in"_s);
 
         t.clock.advance(1000);
         enter(k, u"Cmb"_s, u"螺丝"_s);
@@ -510,14 +501,12 @@ void InjectionTest::storedTexts()
 
         // The ledger opens; its operator logs in with his password and sees the announcement.
         rememberLedger(t, id, text);
-        Kuang kuang(t.context());
-        kuang.show();
-        WindowDriver k(&kuang);
-        k.click(u"Cmd"_s);
+        KuangDriver k(t.context());
+        k.post();
         k.pick(u"CmbUser"_s, text);
         enter(k, u"TxtPwd"_s, other);
-        k.click(u"Cmd"_s);
-        r.compare(u"passwords"_s, r.said() + QString::number(kuang.panel()), u"2"_s, name + u" logs in"_s);
+        k.post();
+        r.compare(u"passwords"_s, r.said() + QString::number(k.panel()), u"2"_s, name + u" logs in"_s);
         r.compare(u"announcement"_s, k.text(u"Lab3"_s), text, name + u" shown"_s);
 
         // The reports sum the item, read back from the server.

@@ -3,7 +3,7 @@
 #include "AppConstants.h"
 #include "Figures.h"
 #include "JournalOpener.h"
-#include "Kuang.h"
+#include "KuangDriver.h"
 #include "MxLst.h"
 #include "ServerRelay.h"
 #include "TestContext.h"
@@ -110,28 +110,20 @@ struct Fault
     std::unique_ptr<ServerRelay> relay;
 };
 
-// The main window, remembering ledger L1, driven as a person does.
-struct MainWindow : WindowDriver
+// The main window, remembering ledger L1.
+struct MainWindow : KuangDriver
 {
-    explicit MainWindow(Fault& f)
+    explicit MainWindow(Fault& f) : KuangDriver(remembered(f)) {}
+    static AppContext remembered(Fault& f)
     {
-        const QString app = AppConstants::settingsApp();
-        f.t.settings.write(app, u"FR"_s, u"0Z"_s, u"L1#五金仓库"_s);
-        f.t.settings.write(app, u"ZBID"_s, u"FR"_s, u"L1"_s);
-        kuang = std::make_unique<Kuang>(f.t.context());
-        setWindow(kuang.get());
-        kuang->show();
-        activate();
+        RememberLedger(f.t.settings, u"L1"_s, u"五金仓库"_s);
+        return f.t.context();
     }
-    void post() const { click(u"Cmd"_s); }
-    // Opens the ledger and logs in with the empty password.
     void toEntryPanel() const
     {
-        post();
-        post();
-        QCOMPARE(kuang->panel(), Kuang::EntryPanel);
+        logIn();
+        QCOMPARE(panel(), Kuang::EntryPanel);
     }
-    std::unique_ptr<Kuang> kuang;
 };
 
 // The journal, as the main window opens it: a window of its own, gone once closed.
