@@ -33,21 +33,21 @@ public:
     // The ledger's row as opened: every fact of the ledger at once.
     void openLedger(const QString& id, const QString& name, const QString& itemLabel,
                     const QString& quantityLabel, const QString& greeting, const QString& announcement);
-    void setLedgerId(const QString& id);
-    void setLedgerName(const QString& name);
+    void setLedgerId(const QString& id) { update(m_ledgerId, id); }
+    void setLedgerName(const QString& name) { update(m_ledgerName, name); }
     void setLabels(const QString& itemLabel, const QString& quantityLabel);
-    void setGreeting(const QString& greeting);
-    void setAnnouncement(const QString& announcement);
+    void setGreeting(const QString& greeting) { update(m_greeting, greeting); }
+    void setAnnouncement(const QString& announcement) { update(m_announcement, announcement); }
     // The operator who logged in, with the rights read at login (extended to all positions).
     void logIn(const QString& operatorName, const QString& rights);
     // Empty: nobody is logged in to the open ledger.
-    void setOperatorName(const QString& operatorName);
-    void setRights(const QString& rights);
-    void setOperators(const QStringList& operators);
-    void addOperator(const QString& name);
+    void setOperatorName(const QString& operatorName) { update(m_operatorName, operatorName); }
+    void setRights(const QString& rights) { update(m_rights, Rights::Extend(rights)); }
+    void setOperators(const QStringList& operators) { update(m_operators, operators); }
+    void addOperator(const QString& name) { update(m_operators, m_operators + QStringList{name}); }
     void removeOperator(const QString& name);
-    void setItems(const QStringList& items);
-    void addItem(const QString& item);
+    void setItems(const QStringList& items) { update(m_items, items); }
+    void addItem(const QString& item) { update(m_items, m_items + QStringList{item}); }
 
     // Plain working values that no view shows.
     QString serverDateText;
@@ -63,6 +63,15 @@ signals:
     void changed();
 
 private:
+    // Views redraw only when a fact really changed.
+    template <class T> void update(T& fact, const T& value)
+    {
+        if (fact == value)
+            return;
+        fact = value;
+        emit changed();
+    }
+
     QString m_ledgerId;
     QString m_ledgerName;
     QString m_itemLabel;

@@ -108,21 +108,24 @@ void Kuang::refreshFromSession()
     showAnnouncementOrHint();
 }
 
-// The ledger's announcement in its colour; without one, how to post.
+// The ledger's announcement in its colour; without one, how to post. A style set anew re-polishes
+// the label, so it is set only when it differs.
 void Kuang::showAnnouncementOrHint()
 {
     const Session& s = m_ctx.session;
+    QString style = kHintStyle;
+    QString text = QStringLiteral("    请输入或选择") + s.itemLabel() + QStringLiteral("，然后输入") +
+                   s.quantityLabel() +
+                   QStringLiteral("变动情况。\n     如：增加10，输入“+10”，减少5，输入“-5”。\n"
+                                  "     数字后面加空格再加文字，如“-5 计划外”，即表示备注说明。");
     if (!s.announcement().isEmpty()) {
         const Announcement announcement = Announcement::Parse(s.announcement());
-        ui->Lab3->setStyleSheet(QStringLiteral("color: %1;").arg(announcement.colour.name()));
-        ui->Lab3->setText(announcement.text);
-        return;
+        style = QStringLiteral("color: %1;").arg(announcement.colour.name());
+        text = announcement.text;
     }
-    ui->Lab3->setStyleSheet(kHintStyle);
-    ui->Lab3->setText(QStringLiteral("    请输入或选择") + s.itemLabel() + QStringLiteral("，然后输入") +
-                      s.quantityLabel() +
-                      QStringLiteral("变动情况。\n     如：增加10，输入“+10”，减少5，输入“-5”。\n"
-                                     "     数字后面加空格再加文字，如“-5 计划外”，即表示备注说明。"));
+    if (ui->Lab3->styleSheet() != style)
+        ui->Lab3->setStyleSheet(style);
+    ui->Lab3->setText(text);
 }
 
 } // namespace lanzhou

@@ -77,6 +77,8 @@ bool OperatorLogin::fillOperators(const QString& ledgerId)
     }
     m_operatorsLedger = ledgerId;
     m_ctx.session.setOperators(operators);
+    // The session may hold these operators already, and then announces no change.
+    followSession();
     return true;
 }
 

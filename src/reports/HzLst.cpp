@@ -242,13 +242,7 @@ void HzLst::drillDown(int row)
     // The head names the columns, not an item.
     if (row < 3)
         return;
-    const QString line = ui->Lst->item(row)->text();
-    if (line.contains(QStringLiteral("合计：")) || !line.contains(bar))
-        return;
-    const QString item = SplitCells(line).constFirst().trimmed();
-    if (item.isEmpty())
-        return;
-    const QString listed = FindListedItem(ui->CmbItm, item);
+    const QString listed = ListedItemOfLine(ui->CmbItm, ui->Lst->item(row)->text());
     if (listed.isEmpty())
         return;
     m_journal.drillDown(listed, ChosenPeriod(m_start), ChosenPeriod(m_end));

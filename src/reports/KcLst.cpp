@@ -159,12 +159,7 @@ void KcLst::exportReport()
 
 void KcLst::drillDown(const QString& line)
 {
-    if (line.contains(QStringLiteral("合计：")) || !line.contains(bar))
-        return;
-    const QString cell = SplitCells(line).constFirst().trimmed();
-    if (cell.isEmpty())
-        return;
-    const QString item = FindListedItem(ui->Cmb, cell);
+    const QString item = ListedItemOfLine(ui->Cmb, line);
     if (item.isEmpty())
         return;
     const QString lastEntry = m_context.db.RunScalar(LastEntryStatement(m_context.session.ledgerId(), item));

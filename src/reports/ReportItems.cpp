@@ -3,6 +3,7 @@
 #include "AppContext.h"
 #include "LedgerItems.h"
 #include "Session.h"
+#include "TextGrid.h"
 
 #include <QComboBox>
 #include <QRegularExpression>
@@ -33,8 +34,13 @@ bool MatchesWildcard(const QString& name, const QString& pattern)
     return whole.match(name.toUpper()).hasMatch();
 }
 
-QString FindListedItem(const QComboBox* box, const QString& item)
+QString ListedItemOfLine(const QComboBox* box, const QString& line)
 {
+    if (line.contains(QStringLiteral("合计：")) || !line.contains(QChar(0x2502)))
+        return QString();
+    const QString item = SplitCells(line).constFirst().trimmed();
+    if (item.isEmpty())
+        return QString();
     for (int i = firstListedItem; i < box->count(); ++i) {
         if (box->itemText(i) == item)
             return item;

@@ -20,8 +20,9 @@ constexpr int firstListedItem = 2;
 // character, "?", "#" and "[" included, stands for itself. Letters are compared in upper case.
 bool MatchesWildcard(const QString& name, const QString& pattern);
 
-// The listed item a drill-down line names: the item of that exact name, else the first that contains
-// it (a name cut to fit its column); the empty text when none does.
-QString FindListedItem(const QComboBox* box, const QString& item);
+// The listed item a report line names in its first cell: the item of that exact name, else the first
+// that contains it (a name cut to fit its column). The empty text for a line that names none: a rule,
+// a blank line, the totals line, or a name no longer listed.
+QString ListedItemOfLine(const QComboBox* box, const QString& line);
 
 } // namespace lanzhou
