@@ -2,14 +2,12 @@
 #include "JournalOpener.h"
 #include "MxLst.h"
 #include "TestContext.h"
-#include "TextUtils.h"
 #include "WindowDriver.h"
 
-#include <QCheckBox>
 #include <QComboBox>
 #include <QFile>
 #include <QListWidget>
-#include <QMap>
+#include <QRegularExpression>
 #include <QTest>
 
 using namespace lanzhou;
@@ -18,73 +16,42 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-struct Move
-{
-    QString item;
-    QString time;
-    double quantity;
-};
+const QString head = u"select id ,usr,tm,item,sl,bz  from Zhang Where ZBID='L1'  And TM>='2026-11-01 00:00'  "
+                     "And TM<='2026-11-15 23:59'  And Item="_s;
 
-// The period the summary opens with on 2026-11-15: the first of the month 00:00 to today 23:59. Each
-// item's moves try one rule: the bounds, a zero quantity, a sum of zero, nothing in the period.
-const QString start = u"2026-11-01 00:00"_s;
-const QString end = u"2026-11-15 23:59"_s;
-const QList<Move> moves = {
-    {u"A型螺丝"_s, u"2026-10-31 23:59"_s, 100},
-    {u"A型螺丝"_s, start, 10},
-    {u"A型螺丝"_s, u"2026-11-09 10:00"_s, -2.5},
-    {u"A型螺丝"_s, end, 5},
-    {u"A型螺丝"_s, u"2026-11-16 00:00"_s, 1000},
-    {u"B型螺母"_s, u"2026-10-02 08:00"_s, -2},
-    {u"B型螺母"_s, u"2026-11-03 08:00"_s, 2},
-    {u"B型螺母"_s, u"2026-11-04 08:00"_s, 0},
-    {u"C型垫圈"_s, u"2026-12-01 08:00"_s, 7},
-    {u"x'y [1]#?"_s, u"2026-11-05 08:00"_s, 3},
-    {u"C型不锈钢加长垫圈（国标GB97.1规格M12）"_s, u"2026-11-05 09:00"_s, -1.25},
-};
-
-// The summary of ledger L1 (物品, 存量) on 2026-11-15, with the moves above, a tombstone and another
-// ledger's entry that must not count.
+// The summary of ledger L1 (物品, 存量) on 2026-11-15; its period runs from 2026-11-01 00:00 to
+// 2026-11-15 23:59. Each item's moves try one rule: the bounds, a zero quantity, a sum of zero, nothing
+// in the period; a tombstone and another ledger's entry must not count.
 struct SummaryWindow
 {
-    explicit SummaryWindow(const QString& backend) : t(backend), context(open(t)), journal(context, nullptr)
+    explicit SummaryWindow(const QString& backend, const QString& more = {})
+        : t(backend), context(open(t, more)), journal(context, nullptr)
     {
         window = std::make_unique<HzLst>(context, journal);
         d.setWindow(window.get());
         window->show();
     }
 
-    static AppContext open(TestContext& t)
+    static AppContext open(TestContext& t, const QString& more)
     {
         t.openLedger(u"L1"_s, u"五金仓库"_s);
         t.session.serverDateText = u"2026-11-15"_s;
-        int id = 0;
-        for (const Move& move : moves)
-            t.exec(
-                u"insert into Zhang (ZBID,USR,TM,ID,ITEM,SL,BZ) values ('L1','管理员','%1','M%2','%3',%4,'')"_s
-                    .arg(move.time, QString::number(++id), SqlLiteral(move.item),
-                         QString::number(move.quantity)));
         t.exec(u"insert into Zhang (ZBID,USR,TM,ID,ITEM,SL,BZ) values "
+               "('L1','管理员','2026-10-31 23:59','M1','A型螺丝',100,''),"
+               "('L1','管理员','2026-11-01 00:00','M2','A型螺丝',10,''),"
+               "('L1','管理员','2026-11-09 10:00','M3','A型螺丝',-2.5,''),"
+               "('L1','管理员','2026-11-15 23:59','M4','A型螺丝',5,''),"
+               "('L1','管理员','2026-11-16 00:00','M5','A型螺丝',1000,''),"
+               "('L1','管理员','2026-10-02 08:00','M6','B型螺母',-2,''),"
+               "('L1','管理员','2026-11-03 08:00','M7','B型螺母',2,''),"
+               "('L1','管理员','2026-11-04 08:00','M8','B型螺母',0,''),"
+               "('L1','管理员','2026-12-01 08:00','M9','C型垫圈',7,''),"
+               "('L1','管理员','2026-11-05 08:00','M10','x''y [1]#?',3,''),"
+               "('L1','管理员','2026-11-05 09:00','M11','C型不锈钢加长垫圈（国标GB97.1规格M12）',-1.25,''),"
                "('管理员#L1#2026-11-14 10:00','管理员','2026-11-05 11:00','T1','A型螺丝',50,''),"
-               "('L2','管理员','2026-11-05 11:00','O1','A型螺丝',1000,'')"_s);
+               "('L2','管理员','2026-11-05 11:00','O1','A型螺丝',1000,'')"_s +
+               more);
         return t.context();
-    }
-
-    // The expected line of an item: its four figures computed from the moves.
-    static QString expected(const QString& item)
-    {
-        double opening = 0, increase = 0, decrease = 0;
-        for (const Move& move : moves) {
-            if (move.item != item)
-                continue;
-            if (move.time < start)
-                opening += move.quantity;
-            else if (move.time <= end)
-                (move.quantity >= 0 ? increase : decrease) += std::abs(move.quantity);
-        }
-        return QStringList{FormatQuantity(opening), FormatQuantity(increase), FormatQuantity(decrease),
-                           FormatQuantity(opening + increase - decrease)}
-            .join(u'|');
     }
 
     QStringList lines() const { return d.lines(u"Lst"_s); }
@@ -92,10 +59,9 @@ struct SummaryWindow
     QStringList dataLines() const
     {
         QStringList data;
-        const QStringList all = lines();
-        for (qsizetype i = 3; i < all.size(); ++i)
-            if (all.at(i).contains(QChar(0x2502)) && !all.at(i).contains(u"合计："_s))
-                data.append(CellTexts(all.at(i)).chopped(1));
+        for (const QString& line : lines().mid(3))
+            if (line.contains(QChar(0x2502)) && !line.contains(u"合计："_s))
+                data.append(CellTexts(line).chopped(1));
         return data;
     }
     bool exportEnabled() const { return d.w<QWidget>(u"Cmd_1"_s)->isEnabled(); }
@@ -113,9 +79,9 @@ class TestSummary : public QObject
 {
     Q_OBJECT
 private slots:
-    // The default period over every item: four figures each, computed here from the moves; the totals;
-    // a rule after every line; the zero-sum rows hidden when asked; a server down gives its message
-    // and no report, and the next run works.
+    // The default period over every item: four figures each, the totals, a rule after every line; the
+    // export; a click on a rule moves off it and a double-click drills into the journal; the zero-sum rows
+    // hidden when asked; a server down gives its message and no report, and the next run works.
     void figures_data() { addBackendRows(); }
     void figures()
     {
@@ -128,14 +94,11 @@ private slots:
                  u"全部物品||7"_s);
         QVERIFY(!s.exportEnabled());
         d.click(u"Cmd_0"_s);
-        const QStringList data = s.dataLines();
-        QCOMPARE(data.size(), items->count() - 2);
-        for (int i = 2; i < items->count(); ++i) {
-            // A name too long for its column is cut, so that the bars stay aligned.
-            const QString item = items->itemText(i), shown = data.at(i - 2).section(u'|', 0, 0);
-            QVERIFY2(item.startsWith(shown) && (shown == item || item.size() > 20), qPrintable(shown));
-            QCOMPARE(data.at(i - 2).section(u'|', 1), SummaryWindow::expected(item));
-        }
+        QStringList data = s.dataLines();
+        data.sort(); // in the order the server groups the items
+        QCOMPARE(data, (QStringList{u"A型螺丝|100|15|2.5|112.5"_s, u"B型螺母|-2|2|0|0"_s,
+                                    u"C型不锈钢加长垫圈（国标GB97.1规格|0|0|1.25|-1.25"_s,
+                                    u"C型垫圈|0|0|0|0"_s, u"x'y [1]#?|0|3|0|3"_s}));
         const QStringList all = s.lines();
         QCOMPARE(CellTexts(all.at(1)), u"物品|期初存量|增加|减少|期末存量|"_s);
         QCOMPARE(CellTexts(all.at(all.size() - 2)), u"合计：|98|20|3.75|114.25|"_s);
@@ -143,13 +106,42 @@ private slots:
             QVERIFY2(all.at(i).startsWith(QChar(0x2500)), qPrintable(all.at(i)));
         QVERIFY(s.exportEnabled() && d.w<QWidget>(u"CmdWait"_s)->isHidden());
         saveScreenshot(s.window.get(), u"summary.png"_s);
+        const QString path = s.t.dir.filePath(u"汇总.CSV"_s);
+        s.t.dialogs.queueText(path);
+        s.t.dialogs.queueAnswer(DialogAnswer::No);
+        d.click(u"Cmd_1"_s);
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QStringList written = QString::fromUtf8(file.readAll()).split(u"\r\n"_s);
+        QCOMPARE(written.takeLast(), QString());
+        QCOMPARE(
+            written.takeFirst(),
+            u"  物品                            ,  期初存量  ,  增加      ,  减少      ,  期末存量  ,"_s);
+        QCOMPARE(
+            written.takeLast(),
+            u"      合计：                      ,          98,          20,        3.75,      114.25,"_s);
+        written.sort();
+        QCOMPARE(
+            written,
+            (QStringList{
+                u"A型螺丝                           ,         100,          15,         2.5,       112.5,"_s,
+                u"B型螺母                           ,          -2,           2,           0,           0,"_s,
+                u"C型不锈钢加长垫圈（国标GB97.1规格 ,           0,           0,        1.25,       -1.25,"_s,
+                u"C型垫圈                           ,           0,           0,           0,           0,"_s,
+                u"x'y [1]#?                         ,           0,           3,           0,           3,"_s}));
+        QCOMPARE(s.t.dialogs.shown().at(0).title, u"物品汇总表 导出到Excel文件"_s);
+        d.clickLine(u"Lst"_s, 4);
+        QCOMPARE(d.w<QListWidget>(u"Lst"_s)->currentRow(), 5);
+        d.doubleClickLine(u"Lst"_s, 5);
+        QCOMPARE(s.journal.open()->lastStatement(),
+                 head + u'\'' + s.dataLines().at(1).section(u'|', 0, 0) + u"'  order by Item,TM,ID "_s);
 
         // The four figures sum to zero: B (-2 + 2 + 0 + 0), C型垫圈 (nothing before the end), and the
         // long C (0 + 0 + 1.25 - 1.25), although its decrease is not zero.
+        s.t.dialogs.clear();
         d.click(u"Chk"_s);
         d.click(u"Cmd_0"_s);
         QCOMPARE(s.dataLines().join(u' '), u"A型螺丝|100|15|2.5|112.5 x'y [1]#?|0|3|0|3"_s);
-
         s.t.setServerDown(true);
         d.click(u"Cmd_0"_s);
         s.t.setServerDown(false);
@@ -158,12 +150,7 @@ private slots:
         QVERIFY(!s.exportEnabled() && d.w<QWidget>(u"Cmd_0"_s)->isEnabled());
         d.click(u"Cmd_0"_s);
         QCOMPARE(s.dataLines().size(), 2);
-
-        // The journal (drilled into from the summary) and the summary take turns on one kept link.
-        d.doubleClickLine(u"Lst"_s, 3);
-        QCOMPARE(s.journal.open()->lastStatement().count(u"Item='A型螺丝'"_s), 1);
-        d.click(u"Cmd_0"_s);
-        QCOMPARE(s.dataLines().size(), 2);
+        // The journal opened above and the summary take turns on one kept link.
         QCOMPARE(s.t.db->openLinks(), 1);
     }
 
@@ -172,26 +159,16 @@ private slots:
     void manyItems()
     {
         QFETCH(QString, backend);
-        TestContext t(backend);
-        t.openLedger(u"L1"_s, u"五金仓库"_s);
-        t.session.serverDateText = u"2026-11-15"_s;
         QStringList rows, expected;
         for (int i = 1; i <= 205; ++i) {
             const QString item = u"I%1"_s.arg(i, 3, 10, QLatin1Char('0'));
-            rows.append(u"('L1','管理员','2026-11-02 08:00','%1','%1',%2,'')"_s.arg(item).arg(i));
+            rows.append(u",('L1','管理员','2026-11-02 08:00','%1','%1',%2,'')"_s.arg(item).arg(i));
             expected.append(item + u"|0|%1|0|%1"_s.arg(i));
         }
-        t.exec(u"insert into Zhang (ZBID,USR,TM,ID,ITEM,SL,BZ) values "_s + rows.join(u','));
-        AppContext context = t.context();
-        JournalOpener journal(context, nullptr);
-        HzLst window(context, journal);
-        WindowDriver d(&window);
-        d.click(u"Cmd_0"_s);
-        QStringList shown;
-        for (const QString& line : d.lines(u"Lst"_s))
-            if (line.startsWith(u'I'))
-                shown.append(CellTexts(line).chopped(1));
-        shown.sort(); // in the order the server groups the items
+        SummaryWindow s(backend, rows.join(QString()));
+        s.d.click(u"Cmd_0"_s);
+        QStringList shown = s.dataLines().filter(QRegularExpression(u"^I\\d"_s));
+        shown.sort();
         QCOMPARE(shown, expected);
     }
 
@@ -232,39 +209,6 @@ private slots:
         for (const QString& line : s.dataLines())
             reported.append(line.section(u'|', 0, 0));
         QCOMPARE(outcome.size() == 1 ? QString::number(reported.size()) : reported.join(u' '), outcome);
-    }
-
-    // Export of the report: the head and the lines with cells, each ending with ","; a click on a rule
-    // moves off it; a double-click on an item opens the journal on that item and period.
-    void exportAndDrillDown()
-    {
-        SummaryWindow s(u"sqlite"_s);
-        const WindowDriver& d = s.d;
-        s.d.type(u"CmbItm"_s, u"型螺"_s);
-        s.d.pickIndex(u"CmbGX1"_s, 1);
-        d.click(u"Cmd_0"_s);
-        const QString path = s.t.dir.filePath(u"汇总.CSV"_s);
-        s.t.dialogs.queueText(path);
-        s.t.dialogs.queueAnswer(DialogAnswer::No);
-        d.click(u"Cmd_1"_s);
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        QStringList written = QString::fromUtf8(file.readAll()).split(u"\r\n"_s);
-        QCOMPARE(written.takeLast(), QString());
-        for (QString& line : written)
-            line = CellTexts(line.replace(u',', QChar(0x2502)));
-        QCOMPARE(written, (QStringList{u"物品|期初存量|增加|减少|期末存量|"_s, u"A型螺丝|100|15|2.5|112.5|"_s,
-                                       u"B型螺母|-2|2|0|0|"_s, u"合计：|98|17|2.5|112.5|"_s}));
-        QCOMPARE(s.t.dialogs.shown().at(0).title, u"物品汇总表 导出到Excel文件"_s);
-
-        auto* list = d.w<QListWidget>(u"Lst"_s);
-        d.clickLine(u"Lst"_s, 4);
-        QCOMPARE(list->currentRow(), 5);
-        d.doubleClickLine(u"Lst"_s, 5);
-        MxLst* journal = s.journal.open();
-        QCOMPARE(journal->lastStatement(),
-                 u"select id ,usr,tm,item,sl,bz  from Zhang Where ZBID='L1'  And TM>='2026-11-01 00:00'  "
-                 "And TM<='2026-11-15 23:59'  And Item='B型螺母'  order by Item,TM,ID "_s);
     }
 };
 
