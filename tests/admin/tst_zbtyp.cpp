@@ -102,23 +102,23 @@ private slots:
         QTest::addColumn<QString>("typed");
         QTest::addColumn<QString>("written");
         QTest::addColumn<QString>("message");
-        const QString incompleteMobile = u"请完整输入您的手机（或其他联系方式）！"_s;
-        QTest::newRow("mobile cleaned to its digits")
-            << u"手机"_s << u"  0138-1234-5678 "_s << u"13812345678"_s << QString();
-        QTest::newRow("mobile of zeros only") << u"手机"_s << u"0000000"_s << QString() << incompleteMobile;
-        QTest::newRow("mobile with country code")
-            << u"手机"_s << u"+86 13812345678"_s << u"8613812345678"_s << u"手机号码应该为11位数字！"_s;
-        QTest::newRow("short mobile refused before cleaning")
-            << u"手机"_s << u"0138"_s << u"0138"_s << incompleteMobile;
-        QTest::newRow("email without full stop") << u"邮箱"_s << u"zhang@example"_s << u"zhang@example"_s
-                                                 << u"您输入的  “zhang@example”不是正确的电子邮箱格式 ！"_s;
-        QTest::newRow("email without at sign") << u"邮箱"_s << u"zhang.example.cn"_s << u"zhang.example.cn"_s
-                                               << u"您输入的  “zhang.example.cn”不是正确的电子邮箱格式 ！"_s;
-        QTest::newRow("email with full stop first") << u"邮箱"_s << u"a.b@cn"_s << u"a.b@cn"_s << QString();
-        QTest::newRow("short email refused before the format check")
-            << u"邮箱"_s << u"a@b."_s << u"a@b."_s << u"请完整输入您的邮箱（或其他联系方式）！"_s;
-        QTest::newRow("qq cleaned of apostrophe and hash")
-            << u"QQ号"_s << u" 12'34#5 "_s << u"12345"_s << QString();
+        const QString m = u"手机"_s, e = u"邮箱"_s, shortMobile = u"请完整输入您的手机（或其他联系方式）！"_s;
+        const auto badEmail = [](const QString& x) {
+            return u"您输入的  “%1”不是正确的电子邮箱格式 ！"_s.arg(x);
+        };
+        QTest::newRow("mobile cleaned") << m << u"  0138-1234-5678 "_s << u"13812345678"_s << QString();
+        QTest::newRow("mobile of zeros") << m << u"0000000"_s << QString() << shortMobile;
+        QTest::newRow("country code")
+            << m << u"+86 13812345678"_s << u"8613812345678"_s << u"手机号码应该为11位数字！"_s;
+        QTest::newRow("short mobile, uncleaned") << m << u"0138"_s << u"0138"_s << shortMobile;
+        QTest::newRow("email without full stop")
+            << e << u"zhang@example"_s << u"zhang@example"_s << badEmail(u"zhang@example"_s);
+        QTest::newRow("email without @")
+            << e << u"zhang.example.cn"_s << u"zhang.example.cn"_s << badEmail(u"zhang.example.cn"_s);
+        QTest::newRow("email with full stop first") << e << u"a.b@cn"_s << u"a.b@cn"_s << QString();
+        QTest::newRow("short email") << e << u"a@b."_s << u"a@b."_s
+                                     << u"请完整输入您的邮箱（或其他联系方式）！"_s;
+        QTest::newRow("qq cleaned") << u"QQ号"_s << u" 12'34#5 "_s << u"12345"_s << QString();
     }
     void contactChecks()
     {
