@@ -8,34 +8,33 @@
 namespace lanzhou::test {
 
 namespace {
-struct Tally
-{
-    int tries = 0;
-    int failures = 0;
-};
-
-QMap<QPair<QString, QString>, Tally>& tallies()
-{
-    static QMap<QPair<QString, QString>, Tally> all;
-    return all;
-}
+using Key = QPair<QString, QString>;
+QMap<Key, QPair<int, int>> tallies; // tries, failures
+QMap<Key, qint64> worstTimes;
 } // namespace
 
 bool Figures::count(const QString& test, const QString& backend, bool ok)
 {
-    Tally& tally = tallies()[{test, backend}];
-    ++tally.tries;
-    if (!ok)
-        ++tally.failures;
+    auto& tally = tallies[{test, backend}];
+    ++tally.first;
+    tally.second += !ok;
     return ok;
+}
+
+void Figures::time(const QString& test, const QString& backend, qint64 ms)
+{
+    qint64& worst = worstTimes[{test, backend}];
+    worst = qMax(worst, ms);
 }
 
 void Figures::print()
 {
-    const auto& all = tallies();
-    for (auto it = all.cbegin(); it != all.cend(); ++it)
+    for (auto it = tallies.cbegin(); it != tallies.cend(); ++it)
         std::printf("RELIABILITY %s %s tries=%d failures=%d\n", qPrintable(it.key().first),
-                    qPrintable(it.key().second), it.value().tries, it.value().failures);
+                    qPrintable(it.key().second), it.value().first, it.value().second);
+    for (auto it = worstTimes.cbegin(); it != worstTimes.cend(); ++it)
+        std::printf("FAULT-TIME %s %s worst_ms=%lld\n", qPrintable(it.key().first),
+                    qPrintable(it.key().second), it.value());
     std::fflush(stdout);
 }
 

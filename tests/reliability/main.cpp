@@ -1,9 +1,6 @@
 // Runs every class of the reliability suite in one process, then prints the figures.
-#include "BadRowsTest.h"
-#include "ConcurrencyTest.h"
 #include "Figures.h"
 #include "InjectionTest.h"
-#include "ServerFaultTest.h"
 
 #include <QApplication>
 #include <QTest>
@@ -26,9 +23,9 @@ int main(int argc, char** argv)
         return RunPostWorker(QCoreApplication::arguments().mid(2));
     int failed = 0;
     failed += run<InjectionTest>(argc, argv);
-    failed += run<ConcurrencyTest>(argc, argv);
-    failed += run<BadRowsTest>(argc, argv);
-    failed += run<ServerFaultTest>(argc, argv);
+    failed += RunConcurrency(argc, argv);
+    failed += RunBadRows(argc, argv);
+    failed += RunServerFaults(argc, argv);
     Figures::print();
     return failed;
 }
