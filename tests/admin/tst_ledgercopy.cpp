@@ -46,15 +46,14 @@ void fillSource(TestContext& t)
            "('li_5%@qq.com','张三','2026-11-04','A3','B型螺母',NULL,NULL),"
            "('li_5%@qq.com','管理员','2026-11-05 10:00','A4','B型螺母',7,''),"
            "('管理员#li_5%@qq.com#2026-11-06 10:00','管理员','2026-11-05 11:00','A5','A型螺丝',50,''),"
-           "('张三#li_5%@qq.com#2026-11-07 10:00#管理员#2026-11-08 "
-           "09:00','张三','2026-11-05','A6','B型螺母',3,''),"
+           "('张三#li_5%@qq.com#2026-11-07 10:00#管理员#2026-11-08 09:00','张三','2026-11-05','A6',"
+           "'B型螺母',3,''),"
            "('0li_5%@qq.com','王五','2026-11-05 11:00','B1','A型螺丝',1000,''),"
            "('管理员#0li_5%@qq.com#2026-11-06 10:00','王五','2026-11-05 11:00','B2','A型螺丝',1000,''),"
            "('管理员#liX5yy@qq.com#2026-11-06 10:00','王五','2026-11-05 11:00','B3','A型螺丝',1000,'')"_s);
     t.exec(u"insert into Zhang (ZBID,USR,TM,ID,ITEM,SL,BZ) with recursive n(i) as (select 1 union all "
-           "select i+1 from n where i<1200) select 'li_5%@qq.com','管理员','2026-10-01 "
-           "08:00','C'||i,'C型垫圈',0.1,'' "
-           "from n"_s);
+           "select i+1 from n where i<1200) select 'li_5%@qq.com','管理员','2026-10-01 08:00','C'||i,"
+           "'C型垫圈',0.1,'' from n"_s);
 }
 
 // The ledger's rows as stored, NULL told apart from the empty text.
@@ -66,8 +65,8 @@ QString stored(TestContext& t)
            t.text(u"select Usr,coalesce(PWD,'∅'),coalesce(QX,'∅') from UsrLst where ZBID='li_5%@qq.com' "
                   "order by Usr"_s) +
            u'/' +
-           t.text(
-               u"select ZBID,USR,TM,ID,ITEM,SL,coalesce(BZ,'∅') from Zhang where ID not like 'B%' order by ID"_s);
+           t.text(u"select ZBID,USR,TM,ID,ITEM,SL,coalesce(BZ,'∅') from Zhang where ID not like 'B%' "
+                  "order by ID"_s);
 }
 
 // The rows of ZbLst, UsrLst and Zhang, whoever's they are.
