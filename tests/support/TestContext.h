@@ -50,6 +50,8 @@ public:
     void reconfigure(const std::function<void(DbConfig&)>& change);
     // Points a shared server's runners at the port of a relay in front of it, 0 back at the server.
     void pointAt(quint16 port);
+    // The ledger database's address, as the program reads one (README).
+    QString address() const;
     // Adds a ledger row and opens it in the session with all rights, as after a login.
     void openLedger(const QString& id, const QString& name, const QString& item = QStringLiteral("物品"),
                     const QString& quantity = QStringLiteral("存量"),
