@@ -43,6 +43,8 @@ TrendChart::TrendChart(const AppContext& context, const QString& item, QWidget* 
                     session.quantityLabel() + QStringLiteral("走势"));
     ui->ChartView->setChart(chart);
     ui->ChartView->setRenderHint(QPainter::Antialiasing);
+    // Thousands of bars come and go with every drawing: an index of the scene would cost more than it saves.
+    ui->ChartView->scene()->setItemIndexMethod(QGraphicsScene::NoIndex);
     m_plot = std::make_unique<TrendPlot>(chart, session.quantityLabel());
 
     // The last twelve months up to the server's date, the first of them whole; the years the

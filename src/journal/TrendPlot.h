@@ -2,7 +2,6 @@
 
 #include "TrendData.h"
 
-class QBarCategoryAxis;
 class QBarSet;
 class QCategoryAxis;
 class QChart;
@@ -27,9 +26,7 @@ private:
     QLineSeries* m_line;
     QBarSet* m_increases;
     QBarSet* m_decreases;
-    // The steps' dates, one slot per bar; not shown, the dates axis names them.
-    QBarCategoryAxis* m_slots;
-    QCategoryAxis* m_dates;
+    QCategoryAxis* m_steps;
     QValueAxis* m_quantity;
     QValueAxis* m_moves;
 };
