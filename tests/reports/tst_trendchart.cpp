@@ -52,11 +52,7 @@ QString stepText(double balance, double increase, double decrease)
 // A chart window of one item, shown, read through the real chart's series.
 struct Chart
 {
-    Chart(TestContext& t, const QString& item) : window(t.context(), item), d(&window)
-    {
-        window.resize(900, 560);
-        window.show();
-    }
+    Chart(TestContext& t, const QString& item) : window(t.context(), item), d(&window) { window.show(); }
     void draw(const QDate& start, const QDate& end) const
     {
         d.w<QDateEdit>(u"DtpStart"_s)->setDate(start);
