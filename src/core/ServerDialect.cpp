@@ -406,4 +406,11 @@ QString LikeText(ServerKind kind, const QString& text)
     return QString(text).replace(u'\\', QStringLiteral("\\\\"));
 }
 
+QString DayOfTime(ServerKind kind, const QString& column)
+{
+    if (kind == ServerKind::SqlServer)
+        return QStringLiteral("left(") + column + QStringLiteral(",10)");
+    return QStringLiteral("substr(") + column + QStringLiteral(",1,10)");
+}
+
 } // namespace lanzhou

@@ -79,4 +79,8 @@ QString rewriteTopAndGetdate(const QString& statement, const QString& nowExpress
 // wildcards everywhere, as the operator may type them on purpose.
 QString LikeText(ServerKind kind, const QString& text);
 
+// The day of a posting time as this server kind writes it in a statement: the first ten characters
+// (yyyy-mm-dd) of the column's text.
+QString DayOfTime(ServerKind kind, const QString& column);
+
 } // namespace lanzhou
