@@ -300,6 +300,34 @@ QStringList Database::RunBatch(const QStringList& statements, QList<bool>* faile
     return answers;
 }
 
+QString Database::RunTransaction(const QStringList& statements)
+{
+    const WaitCursor hourglass;
+    if (statements.isEmpty())
+        return QString();
+    for (const QString& statement : statements)
+        if (classify(statement) != StatementKind::Write)
+            return QString();
+    bool committed = false;
+    onLink(false, [&](QSqlDatabase& db) {
+        if (!db.transaction())
+            return false;
+        QString answer;
+        for (const QString& statement : statements) {
+            if (!execute(db, statement, StatementKind::Write, false, answer)) {
+                db.rollback();
+                return false;
+            }
+            m_watch->rearm();
+        }
+        committed = db.commit();
+        if (!committed)
+            db.rollback();
+        return committed;
+    });
+    return committed ? QStringLiteral("OK") : QString();
+}
+
 bool Database::linkSurvived(QSqlDatabase& db) const
 {
     // A statement the server refused leaves the link as good as it was; only a link that can be
