@@ -47,10 +47,18 @@ void HistoryLines::addRule()
     add(m_grid.ruleLine(TextGrid::Middle, {800, 1500, 1500, 800, 3000, 1000, 3000, 4000}));
 }
 
-QString HistoryLines::entryCells(const EntryRow& entry) const
+QString HistoryLines::line(const QString& removedBy, const QString& removedAt, const EntryRow& entry,
+                           const QString& state) const
 {
-    return m_grid.textCell(entry.time, timeWidth) + m_grid.textCell(entry.op, nameWidth) +
-           m_grid.textCell(entry.item, itemWidth) + m_grid.numberCell(entry.quantity, quantityWidth);
+    QString line;
+    line.reserve(128 + entry.remark.size());
+    for (const QString& cell :
+         {m_grid.textCell(removedBy, nameWidth), m_grid.textCell(removedAt, timeWidth),
+          m_grid.textCell(entry.time, timeWidth), m_grid.textCell(entry.op, nameWidth),
+          m_grid.textCell(entry.item, itemWidth), m_grid.numberCell(entry.quantity, quantityWidth),
+          m_grid.textCell(state, stateWidth), entry.remark})
+        line += cell;
+    return line;
 }
 
 void HistoryLines::addRemoval(const RemovedEntry& removed)
@@ -60,20 +68,14 @@ void HistoryLines::addRemoval(const RemovedEntry& removed)
     if (reading.restored())
         state =
             QStringLiteral("已恢复 (") + reading.restorer + QStringLiteral(", ") + reading.restoredAt + u')';
-    const QString line = m_grid.textCell(reading.deleter, nameWidth) +
-                         m_grid.textCell(reading.stamp, timeWidth) + entryCells(removed.entry) +
-                         m_grid.textCell(state, stateWidth) + removed.entry.remark;
     // Restored entries are back: their removal is not offered again.
     if (reading.restored())
-        add(line);
+        add(line(reading.deleter, reading.stamp, removed.entry, state));
     else
-        add(line, removed.tombstone, removed.entry.id);
-    if (!removed.replacement)
-        return;
-    add(m_grid.textCell(QString(), nameWidth) + m_grid.textCell(QStringLiteral("→ 改为"), timeWidth) +
-        entryCells(*removed.replacement) +
-        m_grid.textCell(removed.replacementRemoved ? QStringLiteral("已删除") : QString(), stateWidth) +
-        removed.replacement->remark);
+        add(line(reading.deleter, reading.stamp, removed.entry, state), removed.tombstone, removed.entry.id);
+    if (removed.replacement)
+        add(line(QString(), QStringLiteral("→ 改为"), *removed.replacement,
+                 removed.replacementRemoved ? QStringLiteral("已删除") : QString()));
 }
 
 } // namespace lanzhou

@@ -28,7 +28,9 @@ public:
 
 private:
     void add(const QString& line, const QString& tombstone = QString(), const QString& id = QString());
-    QString entryCells(const EntryRow& entry) const;
+    // The cells of one line: who removed the entry and when (or what the line is), the entry, its state.
+    QString line(const QString& removedBy, const QString& removedAt, const EntryRow& entry,
+                 const QString& state) const;
 
     const TextGrid& m_grid;
     QString m_itemLabel;

@@ -51,14 +51,17 @@ QString TombstoneListStatement(const HistoryFilter& filter)
     return sql + QStringLiteral(" order by ") + stamp + QStringLiteral(" desc,ZBID,ID,TM");
 }
 
-QString ReplacementCandidatesStatement(const HistoryFilter& filter, const QStringList& operators,
+QString ReplacementCandidatesStatement(const QString& ledgerId, const QStringList& operators,
                                        const QStringList& times, const QStringList& items)
 {
     // Quick entry's IDs have 12 characters, the editor's fewer.
-    return columns + QStringLiteral("(ZBID='") + SqlLiteral(filter.ledgerId) + QStringLiteral("' or ") +
-           underTombstones(filter.ledgerId) + QStringLiteral(") and USR in ") + literalList(operators) +
-           QStringLiteral(" and ID not like '____________' and (TM in ") + literalList(times) +
-           QStringLiteral(" or ITEM in ") + literalList(items) + QStringLiteral(") order by TM,ID");
+    QString sql = columns + QStringLiteral("(ZBID='") + SqlLiteral(ledgerId) + QStringLiteral("' or ") +
+                  underTombstones(ledgerId) + QStringLiteral(") and USR in ") + literalList(operators) +
+                  QStringLiteral(" and ID not like '____________'");
+    if (times.isEmpty() && items.isEmpty())
+        return sql;
+    return sql + QStringLiteral(" and (TM in ") + literalList(times) + QStringLiteral(" or ITEM in ") +
+           literalList(items) + u')';
 }
 
 QString RemovalSizeStatement(const QString& tombstone, const QString& id)

@@ -25,9 +25,9 @@ struct HistoryFilter
 // precedes and follows it is for the caller to check.
 QString TombstoneListStatement(const HistoryFilter& filter);
 // The entries that may have replaced modified ones: of the ledger, live or under its tombstones,
-// posted by one of the operators, with an ID that is not quick entry's, at one of the times or of one
-// of the items.
-QString ReplacementCandidatesStatement(const HistoryFilter& filter, const QStringList& operators,
+// posted by one of the operators, with an ID that is not quick entry's, and at one of the times or
+// of one of the items unless both lists are empty.
+QString ReplacementCandidatesStatement(const QString& ledgerId, const QStringList& operators,
                                        const QStringList& times, const QStringList& items);
 // How many entries one removal took away.
 QString RemovalSizeStatement(const QString& tombstone, const QString& id);

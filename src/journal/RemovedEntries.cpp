@@ -6,6 +6,9 @@
 
 #include <QHash>
 
+#include <algorithm>
+#include <tuple>
+
 namespace lanzhou {
 
 namespace {
@@ -17,11 +20,21 @@ EntryRow rowAt(const ResultGrid& rows, int i)
             rows.cell(i, 4), rows.cell(i, 6), NumericValue(rows.cell(i, 5))};
 }
 
-void addOnce(QStringList& list, const QString& value)
+// Distinct values as the server compares them, without regard to letter case, in their first form.
+class DistinctValues
 {
-    if (!list.contains(value, Qt::CaseInsensitive))
-        list.append(value);
-}
+public:
+    void add(const QString& value)
+    {
+        if (!std::exchange(m_seen[value.toCaseFolded()], true))
+            m_values.append(value);
+    }
+    const QStringList& values() const { return m_values; }
+
+private:
+    QHash<QString, bool> m_seen;
+    QStringList m_values;
+};
 
 QString removalKey(const QString& tombstone, const QString& id)
 {
@@ -42,27 +55,34 @@ struct Candidate
 // its time before any looks by item, and a replacement pairs once.
 bool pairReplacements(Database& db, const HistoryFilter& filter, QList<RemovedEntry>& removed)
 {
-    QStringList operators;
-    QStringList times;
-    QStringList items;
-    QHash<QString, QList<EntryRow>> removals;
+    DistinctValues operators;
+    DistinctValues times;
+    DistinctValues items;
+    // The entries of each restored removal, live again as they were.
+    QHash<QString, QList<EntryRow>> restoredRemovals;
     for (const RemovedEntry& e : std::as_const(removed)) {
-        removals[removalKey(e.tombstone, e.entry.id)].append(e.entry);
+        if (e.reading.restored())
+            restoredRemovals[removalKey(e.tombstone, e.entry.id)].append(e.entry);
         if (e.reading.deleter.isEmpty())
             continue;
-        addOnce(operators, e.reading.deleter);
-        addOnce(times, e.entry.time);
-        addOnce(items, e.entry.item);
+        operators.add(e.reading.deleter);
+        times.add(e.entry.time);
+        items.add(e.entry.item);
     }
-    if (operators.isEmpty())
+    if (operators.values().isEmpty())
         return true;
-    if (db.RunQuery(ReplacementCandidatesStatement(filter, operators, times, items)).isEmpty())
+    // The times and items narrow a short history's search; beyond a few hundred, spelling them out costs
+    // the server more to plan than the rows they leave out.
+    constexpr qsizetype spelledOut = 500;
+    const bool narrow = times.values().size() + items.values().size() <= spelledOut;
+    const QString sql = ReplacementCandidatesStatement(filter.ledgerId, operators.values(),
+                                                       narrow ? times.values() : QStringList(),
+                                                       narrow ? items.values() : QStringList());
+    if (db.RunQuery(sql).isEmpty())
         return false;
 
     const ResultGrid& rows = db.grid();
     QList<Candidate> candidates;
-    QHash<QString, QList<qsizetype>> byTime;
-    QHash<QString, QList<qsizetype>> byItem;
     for (int i = 1; i < rows.rowLimit(); ++i) {
         Candidate c{rowAt(rows, i), rows.cell(i, 0), std::nullopt};
         if (c.tombstone.compare(filter.ledgerId, Qt::CaseInsensitive) != 0) {
@@ -70,9 +90,17 @@ bool pairReplacements(Database& db, const HistoryFilter& filter, QList<RemovedEn
             if (!c.removal)
                 continue;
         }
-        byTime[c.row.time].append(candidates.size());
-        byItem[c.row.item.toCaseFolded()].append(candidates.size());
         candidates.append(c);
+    }
+    // In time order, so that the earlier of two that fit is taken.
+    std::sort(candidates.begin(), candidates.end(), [](const Candidate& a, const Candidate& b) {
+        return std::tie(a.row.time, a.row.id) < std::tie(b.row.time, b.row.id);
+    });
+    QHash<QString, QList<qsizetype>> byTime;
+    QHash<QString, QList<qsizetype>> byItem;
+    for (qsizetype at = 0; at < candidates.size(); ++at) {
+        byTime[candidates.at(at).row.time].append(at);
+        byItem[candidates.at(at).row.item.toCaseFolded()].append(at);
     }
 
     const auto fits = [&](const RemovedEntry& e, const Candidate& c) {
@@ -80,7 +108,8 @@ bool pairReplacements(Database& db, const HistoryFilter& filter, QList<RemovedEn
             return false;
         // A restored entry is live again as it was: that is no replacement.
         if (!c.removal)
-            return !removals.value(removalKey(e.tombstone, e.entry.id)).contains(c.row);
+            return !e.reading.restored() ||
+                   !restoredRemovals.value(removalKey(e.tombstone, e.entry.id)).contains(c.row);
         // A replacement removed in its turn went later, and by a write of its own.
         return c.tombstone != e.tombstone && c.removal->stamp >= e.reading.stamp;
     };
