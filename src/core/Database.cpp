@@ -308,22 +308,14 @@ QString Database::RunTransaction(const QStringList& statements)
     for (const QString& statement : statements)
         if (classify(statement) != StatementKind::Write)
             return QString();
-    bool committed = false;
-    onLink(false, [&](QSqlDatabase& db) {
-        if (!db.transaction())
-            return false;
+    const bool committed = RunTransaction([&](QSqlDatabase& link, const std::function<void()>& answered) {
         QString answer;
         for (const QString& statement : statements) {
-            if (!execute(db, statement, StatementKind::Write, false, answer)) {
-                db.rollback();
+            if (!execute(link, statement, StatementKind::Write, false, answer))
                 return false;
-            }
-            m_watch->rearm();
+            answered();
         }
-        committed = db.commit();
-        if (!committed)
-            db.rollback();
-        return committed;
+        return true;
     });
     return committed ? QStringLiteral("OK") : QString();
 }

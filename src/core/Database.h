@@ -40,10 +40,6 @@ public:
     // them one by one on one link. `failed`, when given, receives for each statement whether it failed,
     // since an empty answer alone cannot tell a failure from a NULL.
     QStringList RunBatch(const QStringList& statements, QList<bool>* failed = nullptr);
-    // A short run of writes that stands or falls together, in one transaction on one link: "OK" once
-    // every statement was written and the run committed, otherwise the empty text with nothing
-    // written. Never run twice, since a commit whose answer was lost may have happened.
-    QString RunTransaction(const QStringList& statements);
 
     // Holds one link for a run of statements in one transaction (a ledger copy). The work runs its
     // statements on the link and calls `answered` after each, so that a long run is not taken for a
@@ -51,6 +47,10 @@ public:
     // otherwise; the answer is whether it was committed. Without a link the work does not run.
     using TransactionWork = std::function<bool(QSqlDatabase& link, const std::function<void()>& answered)>;
     bool RunTransaction(const TransactionWork& work);
+    // A short run of writes known in advance (a restore) that stands or falls together: "OK" once
+    // every statement was written and the run committed, otherwise the empty text with nothing
+    // written. Never run twice, since a commit whose answer was lost may have happened.
+    QString RunTransaction(const QStringList& statements);
 
     const ResultGrid& grid() const { return m_grid; }
     const DbConfig& config() const { return m_config; }
