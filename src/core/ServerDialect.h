@@ -79,8 +79,8 @@ QString rewriteTopAndGetdate(const QString& statement, const QString& nowExpress
 // wildcards everywhere, as the operator may type them on purpose.
 QString LikeText(ServerKind kind, const QString& text);
 // Text as the body of a like pattern that finds exactly that text, on every server kind alike: "%",
-// "_", "[" and the escape character "!" itself are escaped, and the pattern is followed by
-// LikeEscapeClause(), which names the escape. Apostrophes are left to the literal doors.
+// "_", "[" (a set on SQL Server) and the escape character "!" itself are escaped, and the pattern is
+// followed by LikeEscapeClause(), which names the escape. Apostrophes are left to the literal doors.
 QString LikeExact(const QString& text);
 QString LikeEscapeClause();
 // The last `count` characters of a text expression: SQLite has no right().
