@@ -50,19 +50,15 @@ struct Candidate
     bool used = false;
 };
 
-// Pairs each entry removed by a modify with its replacement: an entry of the ledger posted by the
-// operator who removed it, at the same time or else of the same item. Every entry looks for one at
-// its time before any looks by item, and a replacement pairs once.
-bool pairReplacements(Database& db, const HistoryFilter& filter, QList<RemovedEntry>& removed)
+// The entries that may have replaced the removed ones, in time order so that the earlier of two that
+// fit is taken; nothing when the server did not answer.
+std::optional<QList<Candidate>> readCandidates(Database& db, const HistoryFilter& filter,
+                                               const QList<RemovedEntry>& removed)
 {
     DistinctValues operators;
     DistinctValues times;
     DistinctValues items;
-    // The entries of each restored removal, live again as they were.
-    QHash<QString, QList<EntryRow>> restoredRemovals;
-    for (const RemovedEntry& e : std::as_const(removed)) {
-        if (e.reading.restored())
-            restoredRemovals[removalKey(e.tombstone, e.entry.id)].append(e.entry);
+    for (const RemovedEntry& e : removed) {
         if (e.reading.deleter.isEmpty())
             continue;
         operators.add(e.reading.deleter);
@@ -70,7 +66,7 @@ bool pairReplacements(Database& db, const HistoryFilter& filter, QList<RemovedEn
         items.add(e.entry.item);
     }
     if (operators.values().isEmpty())
-        return true;
+        return QList<Candidate>();
     // The times and items narrow a short history's search; beyond a few hundred, spelling them out costs
     // the server more to plan than the rows they leave out.
     constexpr qsizetype spelledOut = 500;
@@ -79,7 +75,7 @@ bool pairReplacements(Database& db, const HistoryFilter& filter, QList<RemovedEn
                                                        narrow ? times.values() : QStringList(),
                                                        narrow ? items.values() : QStringList());
     if (db.RunQuery(sql).isEmpty())
-        return false;
+        return std::nullopt;
 
     const ResultGrid& rows = db.grid();
     QList<Candidate> candidates;
@@ -92,16 +88,28 @@ bool pairReplacements(Database& db, const HistoryFilter& filter, QList<RemovedEn
         }
         candidates.append(c);
     }
-    // In time order, so that the earlier of two that fit is taken.
     std::sort(candidates.begin(), candidates.end(), [](const Candidate& a, const Candidate& b) {
         return std::tie(a.row.time, a.row.id) < std::tie(b.row.time, b.row.id);
     });
+    return candidates;
+}
+
+// Pairs each entry removed by a modify with its replacement: an entry posted by the operator who
+// removed it, at the same time or else of the same item. Every entry looks for one at its time before
+// any looks by item, and a replacement pairs once.
+void pairReplacements(QList<RemovedEntry>& removed, QList<Candidate>& candidates)
+{
     QHash<QString, QList<qsizetype>> byTime;
     QHash<QString, QList<qsizetype>> byItem;
     for (qsizetype at = 0; at < candidates.size(); ++at) {
         byTime[candidates.at(at).row.time].append(at);
         byItem[candidates.at(at).row.item.toCaseFolded()].append(at);
     }
+    // The entries of each restored removal, live again as they were.
+    QHash<QString, QList<EntryRow>> restoredRemovals;
+    for (const RemovedEntry& e : std::as_const(removed))
+        if (e.reading.restored())
+            restoredRemovals[removalKey(e.tombstone, e.entry.id)].append(e.entry);
 
     const auto fits = [&](const RemovedEntry& e, const Candidate& c) {
         if (c.used || c.row.op.compare(e.reading.deleter, Qt::CaseInsensitive) != 0)
@@ -130,7 +138,6 @@ bool pairReplacements(Database& db, const HistoryFilter& filter, QList<RemovedEn
             }
         }
     }
-    return true;
 }
 
 } // namespace
@@ -160,8 +167,10 @@ std::optional<QList<RemovedEntry>> ReadHistory(Database& db, const HistoryFilter
         (timed ? removed : unstamped).append(e);
     }
     removed += unstamped;
-    if (!pairReplacements(db, filter, removed))
+    std::optional<QList<Candidate>> candidates = readCandidates(db, filter, removed);
+    if (!candidates)
         return std::nullopt;
+    pairReplacements(removed, *candidates);
     return removed;
 }
 
