@@ -1,5 +1,6 @@
 #include "LedgerGenerator.h"
 
+#include "EntryStatements.h"
 #include "ServerDialect.h"
 
 #include <QRandomGenerator>
@@ -29,19 +30,33 @@ void generateLedger(test::TestContext& t, const LedgerShape& shape)
         QRandomGenerator random(20261115);
         const QDateTime start(QDate(shape.year - 2, 1, 1), QTime(0, 0));
         const auto span = quint32(start.secsTo(QDateTime(QDate(shape.year + 1, 1, 1), QTime(0, 0))));
-        for (int i = 0; i < shape.entries; ++i) {
-            const QDateTime when = start.addSecs(qint64(random.bounded(span)));
-            const int item = random.bounded(shape.items);
-            const int amount = random.bounded(1, 200);
-            insert.addBindValue(shape.ledgerId);
-            insert.addBindValue(QStringLiteral("管理员"));
-            insert.addBindValue(when.toString(QStringLiteral("yyyy-MM-dd hh:mm")));
-            insert.addBindValue(QStringLiteral("B%1").arg(i, 11, 10, QLatin1Char('0')));
-            insert.addBindValue(QStringLiteral("物品%1").arg(item, 4, 10, QLatin1Char('0')));
-            insert.addBindValue(random.bounded(3) == 0 ? -amount : amount);
-            insert.addBindValue(i % 7 == 0 ? QStringLiteral("备注") : QString(QLatin1String("")));
+        const QString minutes = QStringLiteral("yyyy-MM-dd hh:mm");
+        const auto add = [&](const QString& ledger, const QString& time, const QString& id,
+                             const QString& item, int amount, const QString& remark) {
+            for (const QVariant& value :
+                 {QVariant(ledger), QVariant(QStringLiteral("管理员")), QVariant(time), QVariant(id),
+                  QVariant(item), QVariant(amount), QVariant(remark)})
+                insert.addBindValue(value);
             if (!insert.exec())
                 qFatal("generator: %s", qPrintable(insert.lastError().text()));
+        };
+        for (int i = 0; i < shape.entries; ++i) {
+            const QDateTime when = start.addSecs(qint64(random.bounded(span)));
+            const QString time = when.toString(minutes);
+            const QString item =
+                QStringLiteral("物品%1").arg(random.bounded(shape.items), 4, 10, QLatin1Char('0'));
+            const int amount = random.bounded(1, 200);
+            const int quantity = random.bounded(3) == 0 ? -amount : amount;
+            const QString remark = i % 7 == 0 ? QStringLiteral("备注") : QString(QLatin1String(""));
+            const QString id = QStringLiteral("B%1").arg(i, 11, 10, QLatin1Char('0'));
+            if (i >= shape.tombstones) {
+                add(shape.ledgerId, time, id, item, quantity, remark);
+                continue;
+            }
+            const QString stamp = when.addSecs(3600 * (1 + i % 48)).toString(minutes);
+            add(QStringLiteral("管理员#") + shape.ledgerId + u'#' + stamp, time, id, item, quantity, remark);
+            if (i % 2 == 1)
+                add(shape.ledgerId, time, EditorEntryId(when), item, quantity + 1, remark);
         }
         db.commit();
         // A table at rest, as the server's autovacuum leaves it: statistics for the planner and a

@@ -300,6 +300,26 @@ QStringList Database::RunBatch(const QStringList& statements, QList<bool>* faile
     return answers;
 }
 
+QString Database::RunTransaction(const QStringList& statements)
+{
+    const WaitCursor hourglass;
+    if (statements.isEmpty())
+        return QString();
+    for (const QString& statement : statements)
+        if (classify(statement) != StatementKind::Write)
+            return QString();
+    const bool committed = RunTransaction([&](QSqlDatabase& link, const std::function<void()>& answered) {
+        QString answer;
+        for (const QString& statement : statements) {
+            if (!execute(link, statement, StatementKind::Write, false, answer))
+                return false;
+            answered();
+        }
+        return true;
+    });
+    return committed ? QStringLiteral("OK") : QString();
+}
+
 bool Database::linkSurvived(QSqlDatabase& db) const
 {
     // A statement the server refused leaves the link as good as it was; only a link that can be

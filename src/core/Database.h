@@ -47,6 +47,10 @@ public:
     // otherwise; the answer is whether it was committed. Without a link the work does not run.
     using TransactionWork = std::function<bool(QSqlDatabase& link, const std::function<void()>& answered)>;
     bool RunTransaction(const TransactionWork& work);
+    // A short run of writes known in advance (a restore) that stands or falls together: "OK" once
+    // every statement was written and the run committed, otherwise the empty text with nothing
+    // written. Never run twice, since a commit whose answer was lost may have happened.
+    QString RunTransaction(const QStringList& statements);
 
     const ResultGrid& grid() const { return m_grid; }
     const DbConfig& config() const { return m_config; }

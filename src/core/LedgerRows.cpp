@@ -1,5 +1,6 @@
 #include "LedgerRows.h"
 
+#include "ServerDialect.h"
 #include "TextUtils.h"
 
 #include <QLocale>
@@ -10,26 +11,13 @@ namespace lanzhou {
 
 namespace {
 
-// The ID as a like pattern's body with "!" as the escape: "%" and "_" (and "[", which SQL Server
-// reads as a set) stand for themselves.
-QString LiteralPattern(const QString& ledgerId)
-{
-    QString pattern;
-    for (const QChar c : SqlLiteral(ledgerId)) {
-        if (c == u'!' || c == u'%' || c == u'_' || c == u'[')
-            pattern += u'!';
-        pattern += c;
-    }
-    return pattern;
-}
-
 QString Condition(const LedgerTable& table, const QString& ledgerId)
 {
     QString where = QStringLiteral(" where ") + table.columns.constFirst() + QStringLiteral("='") +
                     SqlLiteral(ledgerId) + u'\'';
     if (table.withTombstones)
         where += QStringLiteral(" or ") + table.columns.constFirst() + QStringLiteral(" like '%#") +
-                 LiteralPattern(ledgerId) + QStringLiteral("#%' escape '!'");
+                 SqlLiteral(LikeExact(ledgerId)) + QStringLiteral("#%'") + LikeEscapeClause();
     return where;
 }
 

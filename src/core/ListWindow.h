@@ -2,7 +2,11 @@
 
 #include <QWidget>
 
+class QListWidget;
+
 namespace lanzhou {
+
+class TextGrid;
 
 // A window of its own that lists what a long run reads (the journal, the reports). It fits into the
 // screen when first shown; closed while a run works, it goes from the screen at once and the run
@@ -30,5 +34,10 @@ private:
     bool m_closing = false;
     bool m_fitted = false;
 };
+
+// Readies a list for drawn lines: the list font, lines of one height kept whole, scrolled sideways.
+void PrepareLineList(QListWidget* list);
+// Adds drawn lines to a list so that it scrolls sideways to the end of the longest line.
+void AddDrawnLines(QListWidget* list, const TextGrid& grid, const QStringList& lines);
 
 } // namespace lanzhou

@@ -413,4 +413,29 @@ QString DayOfTime(ServerKind kind, const QString& column)
     return QStringLiteral("substr(") + column + QStringLiteral(",1,10)");
 }
 
+QString LikeExact(const QString& text)
+{
+    QString pattern;
+    pattern.reserve(text.size());
+    for (const QChar c : text) {
+        if (c == u'!' || c == u'%' || c == u'_' || c == u'[')
+            pattern += u'!';
+        pattern += c;
+    }
+    return pattern;
+}
+
+QString LikeEscapeClause()
+{
+    // Not the backslash, which a PostgreSQL session without standard strings reads inside the literal.
+    return QStringLiteral(" escape '!'");
+}
+
+QString LastCharacters(ServerKind kind, const QString& expression, int count)
+{
+    if (kind == ServerKind::Sqlite)
+        return QStringLiteral("substr(%1,-%2)").arg(expression).arg(count);
+    return QStringLiteral("right(%1,%2)").arg(expression).arg(count);
+}
+
 } // namespace lanzhou

@@ -78,6 +78,13 @@ QString rewriteTopAndGetdate(const QString& statement, const QString& nowExpress
 // PostgreSQL reads a backslash in a pattern as an escape, so there it is doubled. "%" and "_" stay
 // wildcards everywhere, as the operator may type them on purpose.
 QString LikeText(ServerKind kind, const QString& text);
+// Text as the body of a like pattern that finds exactly that text, on every server kind alike: "%",
+// "_", "[" (a set on SQL Server) and the escape character "!" itself are escaped, and the pattern is
+// followed by LikeEscapeClause(), which names the escape. Apostrophes are left to the literal doors.
+QString LikeExact(const QString& text);
+QString LikeEscapeClause();
+// The last `count` characters of a text expression: SQLite has no right().
+QString LastCharacters(ServerKind kind, const QString& expression, int count);
 
 // The day of a posting time as this server kind writes it in a statement: the first ten characters
 // (yyyy-mm-dd) of the column's text.

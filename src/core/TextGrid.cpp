@@ -35,7 +35,10 @@ qsizetype lastCharacterLength(const QString& text)
 
 } // namespace
 
-TextGrid::TextGrid(const QFont& font) : m_metrics(font), m_twipsPerPixel(twipsPerPixel(font)) {}
+TextGrid::TextGrid(const QFont& font) : m_metrics(font), m_twipsPerPixel(twipsPerPixel(font))
+{
+    m_asciiAdvances.fill(-1);
+}
 
 QFont TextGrid::listFont()
 {
@@ -56,6 +59,12 @@ double TextGrid::advance(QStringView character) const
 {
     const char32_t key = character.size() == 2 ? QChar::surrogateToUcs4(character.at(0), character.at(1))
                                                : character.at(0).unicode();
+    if (key < m_asciiAdvances.size()) {
+        double& width = m_asciiAdvances[key];
+        if (width < 0)
+            width = m_metrics.horizontalAdvance(character.toString()) * m_twipsPerPixel;
+        return width;
+    }
     const auto known = m_advances.constFind(key);
     if (known != m_advances.constEnd())
         return *known;
@@ -96,15 +105,24 @@ QString TextGrid::textCell(const QString& text, int width) const
         cellWidth -= advance(QStringView(cell).right(length));
         cell.chop(length);
     }
-    cell.append(QString(fillCount(cellWidth, width, QStringView(&blank, 1)), blank));
-    return cell + bar;
+    const int blanks = fillCount(cellWidth, width, QStringView(&blank, 1));
+    // Filled in place: the lists draw tens of thousands of cells.
+    cell.reserve(cell.size() + blanks + 1);
+    cell.resize(cell.size() + blanks, blank);
+    cell.append(bar);
+    return cell;
 }
 
 QString TextGrid::numberCell(double value, int width) const
 {
     const QString number = FormatQuantity(value);
     const int blanks = fillCount(widthTwips(number), width, QStringView(&blank, 1));
-    return QString(blanks, blank) + number + bar;
+    QString cell;
+    cell.reserve(blanks + number.size() + 1);
+    cell.fill(blank, blanks);
+    cell.append(number);
+    cell.append(bar);
+    return cell;
 }
 
 QString TextGrid::ruleSegment(Junction junction, int width) const

@@ -7,6 +7,8 @@
 #include <QStringList>
 #include <QStringView>
 
+#include <array>
+
 namespace lanzhou {
 
 // Builds the cells of the text tables that the journal and the reports draw in their lists:
@@ -48,6 +50,9 @@ private:
 
     QFontMetricsF m_metrics;
     double m_twipsPerPixel;
+    // Digits, Latin letters, blanks and the like, which most cells hold, are looked up by their code;
+    // below 0 until measured.
+    mutable std::array<double, 128> m_asciiAdvances;
     mutable QHash<char32_t, double> m_advances;
 };
 

@@ -15,11 +15,16 @@ bool ConfirmEntryDeletion(const AppContext& context)
                                     DialogAnswer::No);
 }
 
+QString CurrentStamp(const AppContext& context)
+{
+    return ServerDate(context.db, context.session, context.clock) + QLatin1Char(' ') +
+           LocalTimeText(context.clock);
+}
+
 QString CurrentTombstone(const AppContext& context)
 {
     return TombstoneLedgerId(context.session.operatorName(), context.session.ledgerId(),
-                             ServerDate(context.db, context.session, context.clock),
-                             LocalTimeText(context.clock));
+                             CurrentStamp(context));
 }
 
 bool WriteDeleteTombstone(const AppContext& context, const QString& entryId)

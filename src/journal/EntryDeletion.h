@@ -10,6 +10,8 @@ struct AppContext;
 bool ConfirmEntryDeletion(const AppContext& context);
 // Writes the delete tombstone of the entry; on failure tells the user and answers false.
 bool WriteDeleteTombstone(const AppContext& context, const QString& entryId);
+// Now as tombstones record it: the server's date and the local time, yyyy-mm-dd hh:mm.
+QString CurrentStamp(const AppContext& context);
 // The tombstone ledger ID for an entry the current operator removes now.
 QString CurrentTombstone(const AppContext& context);
 

@@ -14,10 +14,9 @@ QString EditorEntryId(const QDateTime& entryTime)
            QStringLiteral("%1").arg(yearStart.secsTo(when), 7, 10, QLatin1Char('0'));
 }
 
-QString TombstoneLedgerId(const QString& op, const QString& ledgerId, const QString& serverDate,
-                          const QString& localTime)
+QString TombstoneLedgerId(const QString& op, const QString& ledgerId, const QString& stamp)
 {
-    return op + QLatin1Char('#') + ledgerId + QLatin1Char('#') + serverDate + QLatin1Char(' ') + localTime;
+    return op + QLatin1Char('#') + ledgerId + QLatin1Char('#') + stamp;
 }
 
 // Every value goes between quotes through SqlLiteral: typed values are already clean and stay as they

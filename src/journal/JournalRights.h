@@ -16,7 +16,8 @@ enum : int
     LateEntry = 3,
     Modify = 4,
     DeleteOne = 5,
-    BulkDelete = 6
+    BulkDelete = 6,
+    History = 7
 };
 }
 
@@ -34,6 +35,9 @@ constexpr std::optional<Right> JournalCommandRight(int index)
         return Right::DeleteEntry;
     case JournalCmd::BulkDelete:
         return Right::BulkDelete;
+    // The change history shows what the journal no longer lists.
+    case JournalCmd::History:
+        return Right::Journal;
     default:
         return std::nullopt;
     }

@@ -17,9 +17,6 @@
 #include "WaitCursor.h"
 #include "WindowRules.h"
 
-#include <QFontMetrics>
-
-#include <cmath>
 #include <optional>
 
 namespace lanzhou {
@@ -29,11 +26,8 @@ MxLst::MxLst(const AppContext& context, QWidget* parent)
 {
     ui->setupUi(this);
     setWindowTitle(m_context.session.itemLabel() + QStringLiteral("流水账"));
-    ui->Lst->setFont(TextGrid::listFont());
     // Lines keep their whole text, the remark included; the list scrolls sideways to their end.
-    ui->Lst->setUniformItemSizes(true);
-    ui->Lst->setTextElideMode(Qt::ElideNone);
-    ui->Lst->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    PrepareLineList(ui->Lst);
     ui->Lst2->hide();
     ui->CmdWait->hide();
 
@@ -51,8 +45,12 @@ MxLst::MxLst(const AppContext& context, QWidget* parent)
     m_cmd[JournalCmd::Modify] = ui->Cmd_4;
     m_cmd[JournalCmd::DeleteOne] = ui->Cmd_5;
     m_cmd[JournalCmd::BulkDelete] = ui->Cmd_6;
-    for (int i = 0; i < int(m_cmd.size()); ++i)
+    m_cmd[JournalCmd::History] = ui->Cmd_7;
+    for (int i = 0; i < int(m_cmd.size()); ++i) {
         connect(m_cmd[i], &QPushButton::clicked, this, [this, i] { runCommand(i); });
+        // Eight commands share one row: on a narrow screen a button gives up its padding, not its text.
+        m_cmd[i]->setMinimumWidth(m_cmd[i]->fontMetrics().horizontalAdvance(m_cmd[i]->text()) + 16);
+    }
     connect(ui->Lst, &QListWidget::itemDoubleClicked, this, [this](QListWidgetItem* item) {
         if (!ui->Lst2->item(ui->Lst->row(item))->text().isEmpty())
             runCommand(JournalCmd::Modify);
@@ -162,6 +160,9 @@ void MxLst::runCommand(int index)
     case JournalCmd::BulkDelete:
         deleteListing();
         break;
+    case JournalCmd::History:
+        openHistory();
+        break;
     default:
         break;
     }
@@ -230,21 +231,7 @@ void MxLst::clearListing()
 
 void MxLst::showListing(const JournalLines& lines)
 {
-    const QStringList& texts = lines.lines();
-    if (texts.isEmpty())
-        return;
-    // With uniform item sizes the list gives every line the size of its last one: that line is made
-    // as wide as the widest, so that no line is cut and the list scrolls sideways to the end of the
-    // longest.
-    double widest = 0;
-    for (const QString& line : texts)
-        widest = qMax(widest, m_grid.widthPixels(line));
-    ui->Lst->addItems(texts.first(texts.size() - 1));
-    const int height =
-        ui->Lst->count() > 0 ? ui->Lst->sizeHintForRow(0) : QFontMetrics(ui->Lst->font()).height();
-    auto* last = new QListWidgetItem(texts.last());
-    last->setSizeHint(QSize(int(std::ceil(widest)) + 8, height));
-    ui->Lst->addItem(last);
+    AddDrawnLines(ui->Lst, m_grid, lines.lines());
     ui->Lst2->addItems(lines.ids());
     m_lineItems = lines.items();
 }

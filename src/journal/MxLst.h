@@ -5,6 +5,8 @@
 #include "PeriodLists.h"
 #include "TextGrid.h"
 
+#include <QPointer>
+
 #include <array>
 #include <memory>
 
@@ -16,6 +18,7 @@ class MxLst;
 
 namespace lanzhou {
 
+class ChangeHistory;
 struct JournalFilter;
 class JournalLines;
 
@@ -30,7 +33,7 @@ public:
     ~MxLst() override;
 
     // Dispatches the command array: 0 query, 1 export, 2 close, 3 late entry, 4 modify, 5 delete,
-    // 6 bulk delete.
+    // 6 bulk delete, 7 change history.
     void runCommand(int index);
     // The command 统计: rebuilds the listing from the filters.
     void runQuery();
@@ -55,6 +58,10 @@ private:
     void deleteSelected();
     // After an edit the listing is run again and the selection goes back to the same line.
     void refreshAfterEdit();
+    // Runs the listing again when an edit elsewhere set the session's refresh marker.
+    void refreshIfMarked();
+    // Opens the change history, or brings it forward.
+    void openHistory();
     // Writes the column titles, the entries and the totals to a CSV file.
     void exportListing();
     // Tombstones every listed entry and blanks its line.
@@ -66,7 +73,8 @@ private:
     PeriodLists m_start;
     PeriodLists m_end;
     // Buttons by command index.
-    std::array<QPushButton*, 7> m_cmd{};
+    std::array<QPushButton*, 8> m_cmd{};
+    QPointer<ChangeHistory> m_history;
     QString m_lastStatement;
     // The whole item name of each line of Lst (the line shows it cut to its column).
     QStringList m_lineItems;
