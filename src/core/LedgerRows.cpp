@@ -2,6 +2,7 @@
 
 #include "ServerDialect.h"
 #include "TextUtils.h"
+#include "Tombstones.h"
 
 #include <QLocale>
 
@@ -16,8 +17,7 @@ QString Condition(const LedgerTable& table, const QString& ledgerId)
     QString where = QStringLiteral(" where ") + table.columns.constFirst() + QStringLiteral("='") +
                     SqlLiteral(ledgerId) + u'\'';
     if (table.withTombstones)
-        where += QStringLiteral(" or ") + table.columns.constFirst() + QStringLiteral(" like '%#") +
-                 SqlLiteral(LikeExact(ledgerId)) + QStringLiteral("#%'") + LikeEscapeClause();
+        where += QStringLiteral(" or ") + TombstoneCondition(table.columns.constFirst(), ledgerId);
     return where;
 }
 
@@ -81,7 +81,7 @@ bool BelongsToLedger(const LedgerTable& table, const QString& zbid, const QStrin
 {
     // Ledger IDs compare without regard to case on every server kind.
     return zbid.compare(ledgerId, Qt::CaseInsensitive) == 0 ||
-           (table.withTombstones && zbid.contains(u'#' + ledgerId + u'#', Qt::CaseInsensitive));
+           (table.withTombstones && ReadTombstone(zbid, ledgerId).has_value());
 }
 
 QString InsertHead(const LedgerTable& table)

@@ -2,20 +2,14 @@
 
 #include "ServerDialect.h"
 #include "TextUtils.h"
+#include "Tombstones.h"
 
 namespace lanzhou {
 
 namespace {
 
+const QString ledgerColumn = QStringLiteral("ZBID");
 const QString columns = QStringLiteral("select ZBID,USR,TM,ID,ITEM,SL,BZ from Zhang where ");
-
-// The ledger ID is read back from the server: exact inside the pattern, safe inside the literal.
-QString underTombstones(const QString& ledgerId)
-{
-    const QString id = SqlLiteral(LikeExact(ledgerId));
-    return QStringLiteral("(ZBID like '%#") + id + QStringLiteral("#%'") + LikeEscapeClause() +
-           QStringLiteral(" or ZBID like '%#") + id + u'\'' + LikeEscapeClause() + u')';
-}
 
 QString contains(const QString& column, const QString& cleanText)
 {
@@ -37,7 +31,7 @@ QString TombstoneListStatement(const HistoryFilter& filter)
 {
     // The removal's stamp is the tombstone's last 16 characters.
     const QString stamp = LastCharacters(filter.serverKind, QStringLiteral("ZBID"), 16);
-    QString sql = columns + underTombstones(filter.ledgerId);
+    QString sql = columns + TombstoneCondition(ledgerColumn, filter.ledgerId);
     if (!filter.everything)
         sql += QStringLiteral(" and ") + stamp + QStringLiteral(">='") + filter.periodStart +
                QStringLiteral("' and ") + stamp + QStringLiteral("<='") + filter.periodEnd + u'\'';
@@ -56,8 +50,8 @@ QString ReplacementCandidatesStatement(const QString& ledgerId, const QStringLis
 {
     // Quick entry's IDs have 12 characters, the editor's fewer.
     QString sql = columns + QStringLiteral("(ZBID='") + SqlLiteral(ledgerId) + QStringLiteral("' or ") +
-                  underTombstones(ledgerId) + QStringLiteral(") and USR in ") + literalList(operators) +
-                  QStringLiteral(" and ID not like '____________'");
+                  TombstoneCondition(ledgerColumn, ledgerId) + QStringLiteral(") and USR in ") +
+                  literalList(operators) + QStringLiteral(" and ID not like '____________'");
     if (times.isEmpty() && items.isEmpty())
         return sql;
     return sql + QStringLiteral(" and (TM in ") + literalList(times) + QStringLiteral(" or ITEM in ") +

@@ -30,5 +30,9 @@ bool IsStampTime(const QString& stamp);
 // The tombstone of restored entries: who restored them and when (yyyy-mm-dd hh:mm) go in front, so
 // that the removal's own stamp stays the last 16 characters that the history lists by.
 QString RestoredTombstone(const QString& tombstone, const QString& restorer, const QString& when);
+// The condition on `column` that finds the ledger's tombstones on the server: the ledger ID exactly,
+// as "#" ID "#" or "#" ID at the end. It may find more (an operator named like the ID); ReadTombstone
+// tells them apart.
+QString TombstoneCondition(const QString& column, const QString& ledgerId);
 
 } // namespace lanzhou

@@ -1,5 +1,8 @@
 #include "Tombstones.h"
 
+#include "ServerDialect.h"
+#include "TextUtils.h"
+
 #include <QDate>
 
 namespace lanzhou {
@@ -65,6 +68,15 @@ bool IsStampTime(const QString& stamp)
 QString RestoredTombstone(const QString& tombstone, const QString& restorer, const QString& when)
 {
     return restorer + hash + when + hash + tombstone;
+}
+
+QString TombstoneCondition(const QString& column, const QString& ledgerId)
+{
+    // The ledger ID is read back from the server: exact inside the pattern, safe inside the literal.
+    const QString id = SqlLiteral(LikeExact(ledgerId));
+    return u'(' + column + QStringLiteral(" like '%#") + id + QStringLiteral("#%'") + LikeEscapeClause() +
+           QStringLiteral(" or ") + column + QStringLiteral(" like '%#") + id + u'\'' + LikeEscapeClause() +
+           u')';
 }
 
 } // namespace lanzhou
