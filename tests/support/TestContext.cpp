@@ -1,5 +1,7 @@
 #include "TestContext.h"
 
+#include "DateUtils.h"
+
 #include <QCoreApplication>
 #include <QFile>
 #include <QSet>
@@ -124,6 +126,12 @@ void addBackendRows(const QStringList& names)
         QTest::newRow(qPrintable(name)) << name;
 }
 
+QString rowBackend()
+{
+    QFETCH(QString, backend);
+    return backend;
+}
+
 TestContext::TestContext(const QString& backend)
     : backendName(backend), dialogs(failOnUnexpected), clock(QDate(2026, 11, 15), QTime(9, 5, 30, 250)),
       settings(dir.path() + QStringLiteral("/settings"))
@@ -185,6 +193,19 @@ QString TestContext::text(const QString& sql)
     for (const QStringList& row : rows(sql))
         lines.append(row.join(u'|'));
     return lines.join(u';');
+}
+
+QStringList TestContext::said()
+{
+    const QStringList texts = dialogs.texts();
+    dialogs.clear();
+    return texts;
+}
+
+void TestContext::knowServerDate()
+{
+    session.serverDateText = FormatDate(clock.today());
+    session.serverDateDay = qint16(clock.today().day());
 }
 
 void TestContext::setServerDown(bool down)

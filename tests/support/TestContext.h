@@ -25,6 +25,13 @@ QStringList backends(bool withOdbc = false);
 QStringList everyServerSetting();
 // Adds one data row per backend, with a QString column "backend".
 void addBackendRows(const QStringList& names = backends());
+// The backend of the data row that runs.
+QString rowBackend();
+
+// Messages that windows all over the program show.
+inline const QString kRetryText = QStringLiteral("连接服务器失败，请重试！");
+inline const QString kNoRightText = QStringLiteral("对不起，您无此权限！");
+inline const QString kNoDataText = QStringLiteral("没有符合条件的数据！");
 
 // Everything a window needs, on a fresh ledger database, with scripted dialogs, a recording shell,
 // a fixed clock (2026-11-15 09:05:30.25) and settings in a temporary folder.
@@ -50,6 +57,10 @@ public:
     void reconfigure(const std::function<void(DbConfig&)>& change);
     // Points a shared server's runners at the port of a relay in front of it, 0 back at the server.
     void pointAt(quint16 port);
+    // The texts of the dialogs shown since the last call, which forgets them.
+    QStringList said();
+    // The session has read the server's date already: the fixed clock's day.
+    void knowServerDate();
     // Adds a ledger row and opens it in the session with all rights, as after a login.
     void openLedger(const QString& id, const QString& name, const QString& item = QStringLiteral("物品"),
                     const QString& quantity = QStringLiteral("存量"),
