@@ -85,8 +85,7 @@ private slots:
     void figures_data() { addBackendRows(); }
     void figures()
     {
-        QFETCH(QString, backend);
-        SummaryWindow s(backend);
+        SummaryWindow s(rowBackend());
         const WindowDriver& d = s.d;
         QCOMPARE(s.window->windowTitle(), u"物品汇总表"_s);
         auto* items = d.w<QComboBox>(u"CmbItm"_s);
@@ -145,7 +144,7 @@ private slots:
         s.t.setServerDown(true);
         d.click(u"Cmd_0"_s);
         s.t.setServerDown(false);
-        QCOMPARE(s.t.dialogs.texts(), QStringList{u"连接服务器失败，请重试！"_s});
+        QCOMPARE(s.t.dialogs.texts(), QStringList{kRetryText});
         QCOMPARE(s.lines().size(), 3);
         QVERIFY(!s.exportEnabled() && d.w<QWidget>(u"Cmd_0"_s)->isEnabled());
         d.click(u"Cmd_0"_s);
@@ -158,14 +157,13 @@ private slots:
     void manyItems_data() { addBackendRows(); }
     void manyItems()
     {
-        QFETCH(QString, backend);
         QStringList rows, expected;
         for (int i = 1; i <= 205; ++i) {
             const QString item = u"I%1"_s.arg(i, 3, 10, QLatin1Char('0'));
             rows.append(u",('L1','管理员','2026-11-02 08:00','%1','%1',%2,'')"_s.arg(item).arg(i));
             expected.append(item + u"|0|%1|0|%1"_s.arg(i));
         }
-        SummaryWindow s(backend, rows.join(QString()));
+        SummaryWindow s(rowBackend(), rows.join(QString()));
         s.d.click(u"Cmd_0"_s);
         QStringList shown = s.dataLines().filter(QRegularExpression(u"^I\\d"_s));
         shown.sort();
