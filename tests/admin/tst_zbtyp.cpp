@@ -87,10 +87,7 @@ private slots:
     // a contact that passes goes on to registration because no ledger has it yet.
     void contactChecks_data()
     {
-        QTest::addColumn<QString>("kind");
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<QString>("written");
-        QTest::addColumn<QString>("message");
+        addTextColumns({"kind", "typed", "written", "message"});
         const QString m = u"手机"_s, e = u"邮箱"_s, shortMobile = u"请完整输入您的手机（或其他联系方式）！"_s;
         const auto badEmail = [](const QString& x) {
             return u"您输入的  “%1”不是正确的电子邮箱格式 ！"_s.arg(x);

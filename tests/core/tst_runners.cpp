@@ -210,8 +210,7 @@ private slots:
 
     void rewrite_data()
     {
-        QTest::addColumn<QString>("statement");
-        QTest::addColumn<QString>("expected");
+        addTextColumns({"statement", "expected"});
         // Text that only looks like `top` or Getdate(); the real ones the contract runs everywhere.
         QTest::newRow("top in a value") << u"select ZBNM  from zblst Where ZBID='top 5'"_s
                                         << u"select ZBNM  from zblst Where ZBID='top 5'"_s;

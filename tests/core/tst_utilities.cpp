@@ -81,8 +81,7 @@ private slots:
 
     void cleanInput_data()
     {
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<QString>("cleaned");
+        addTextColumns({"typed", "cleaned"});
         QTest::newRow("blanks, apostrophe, comma and line breaks")
             << u"  螺丝'钉,大号\r\n红\r色  "_s << u"螺丝钉，大号红色"_s;
         QTest::newRow("box-drawing characters; quotes and percent stay")

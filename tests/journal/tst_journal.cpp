@@ -264,10 +264,7 @@ private slots:
         const WindowDriver& d = j.d;
         TestContext& t = j.t;
         j.run();
-        d.click(u"Cmd_5"_s);      // nothing selected
-        d.clickLine(u"Lst"_s, 1); // the titles: no entry behind it
-        d.click(u"Cmd_5"_s);
-        d.click(u"Cmd_4"_s);
+        d.act(u"Cmd_5;Lst@1;Cmd_5;Cmd_4"_s); // nothing selected, then the titles: no entry behind them
         const QString pickDelete = u"请首先选择您要删除的记录行！"_s;
         QCOMPARE(t.dialogs.texts(), (QStringList{pickDelete, pickDelete, u"请首先选择您要修改的记录行！"_s}));
         // Late entry, modify and delete refused (positions 10 to 12); the query needs no right. One right
@@ -276,12 +273,10 @@ private slots:
         t.session.setRights(u"1111111110001111"_s);
         j.run();
         j.select(u"A02"_s);
-        for (const QString& name : {u"Cmd_3"_s, u"Cmd_4"_s, u"Cmd_5"_s})
-            d.click(name);
+        d.act(u"Cmd_3;Cmd_4;Cmd_5"_s);
         d.doubleClickLine(u"Lst"_s, j.rowOf(u"A03"_s));
         t.session.setRights(u"1111111111011111"_s);
-        d.click(u"Cmd_4"_s);
-        d.click(u"Cmd_3"_s);
+        d.act(u"Cmd_4;Cmd_3"_s);
         QCOMPARE(t.dialogs.texts(), QStringList(5, refused));
         WindowDriver(j.editor()).click(u"Cmd_2"_s);
         QCOMPARE(t.text(u"select count(*) from Zhang where ZBID='L1'"_s), u"10"_s);
@@ -417,8 +412,7 @@ private slots:
         d.click(u"Cmd_1"_s);
         j.run();
         t.session.setRights(u"1111111011110111"_s); // export (8) and bulk delete (13) refused
-        d.click(u"Cmd_1"_s);
-        d.click(u"Cmd_6"_s);
+        d.act(u"Cmd_1;Cmd_6"_s);
         t.session.setRights(QString());
         QCOMPARE(t.dialogs.texts(),
                  (QStringList{u"请先使用【统计】功能列出历史记录，才能进行导出操作！"_s, refused, refused}));

@@ -203,8 +203,7 @@ private slots:
     // WindowDriver::act has them; a step that asks first is answered Yes.
     void eachWindowDown_data()
     {
-        for (const char* column : {"backend", "window", "steps", "step", "message"})
-            QTest::addColumn<QString>(column);
+        addTextColumns({"backend", "window", "steps", "step", "message"});
         QTest::addColumn<bool>("asks");
         const QString failed = u"|"_s + retry, titled = u"提示|"_s + retry, listed = u"Cmd_0;Lst@5"_s;
         for (const QString& b : backends(true)) {

@@ -126,6 +126,12 @@ void addBackendRows(const QStringList& names)
         QTest::newRow(qPrintable(name)) << name;
 }
 
+void addTextColumns(std::initializer_list<const char*> names)
+{
+    for (const char* name : names)
+        QTest::addColumn<QString>(name);
+}
+
 QString rowBackend()
 {
     QFETCH(QString, backend);

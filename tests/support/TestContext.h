@@ -25,6 +25,8 @@ QStringList backends(bool withOdbc = false);
 QStringList everyServerSetting();
 // Adds one data row per backend, with a QString column "backend".
 void addBackendRows(const QStringList& names = backends());
+// Adds a QString column of each name.
+void addTextColumns(std::initializer_list<const char*> names);
 // The backend of the data row that runs.
 QString rowBackend();
 
