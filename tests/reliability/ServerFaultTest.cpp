@@ -144,16 +144,7 @@ struct Journal : WindowDriver
 // Another session of the ledger database, holding what it took in an open transaction until it goes.
 struct LockingSession
 {
-    explicit LockingSession(const DbConfig& config)
-    {
-        const bool sqlite = config.kind == ServerKind::Sqlite;
-        QSqlDatabase db = QSqlDatabase::addDatabase(sqlite ? u"QSQLITE"_s : u"QPSQL"_s, name);
-        db.setHostName(config.server.plain());
-        db.setPort(config.port);
-        db.setUserName(config.user.plain());
-        db.setDatabaseName(sqlite ? config.server.plain() : config.database.plain());
-        db.open();
-    }
+    explicit LockingSession(const TestContext& t) { t.ownConnection(name); }
     ~LockingSession() { QSqlDatabase::removeDatabase(name); } // closing it rolls back
     bool hold(const QString& statement) const
     {
@@ -322,7 +313,7 @@ private slots:
         Journal j(f);
         const bool sqlite = f.t.backendName == u"sqlite"_s;
         {
-            const LockingSession other(f.t.db->config());
+            const LockingSession other(f.t);
             QVERIFY(other.hold(sqlite ? u"insert into Zhang (ZBID,ID) values ('L9','X')"_s
                                       : u"lock table Zhang in access exclusive mode"_s));
             d.type(u"Cmb"_s, u"螺丝"_s);

@@ -157,21 +157,26 @@ QString TestContext::exec(const QString& sql)
     return result;
 }
 
-void TestContext::alter(const QStringList& statements)
+QSqlDatabase TestContext::ownConnection(const QString& name) const
 {
     const DbConfig& c = db->config();
     const bool lite = c.kind == ServerKind::Sqlite;
+    QSqlDatabase own =
+        QSqlDatabase::addDatabase(lite ? QStringLiteral("QSQLITE") : QStringLiteral("QPSQL"), name);
+    own.setHostName(c.server.plain());
+    own.setPort(c.port);
+    own.setUserName(c.user.plain());
+    own.setPassword(c.password.plain());
+    own.setDatabaseName(lite ? c.server.plain() : c.database.plain());
+    if (!own.open())
+        QTest::qFail(qPrintable(own.lastError().text()), __FILE__, __LINE__);
+    return own;
+}
+
+void TestContext::alter(const QStringList& statements)
+{
     {
-        QSqlDatabase other = QSqlDatabase::addDatabase(
-            lite ? QStringLiteral("QSQLITE") : QStringLiteral("QPSQL"), QStringLiteral("lz-alter"));
-        other.setHostName(c.server.plain());
-        other.setPort(c.port);
-        other.setUserName(c.user.plain());
-        other.setPassword(c.password.plain());
-        other.setDatabaseName(lite ? c.server.plain() : c.database.plain());
-        if (!other.open())
-            QTest::qFail(qPrintable(other.lastError().text()), __FILE__, __LINE__);
-        QSqlQuery q(other);
+        QSqlQuery q(ownConnection(QStringLiteral("lz-alter")));
         for (const QString& statement : statements)
             if (!q.exec(statement))
                 QTest::qFail(qPrintable(statement + QStringLiteral(": ") + q.lastError().text()), __FILE__,

@@ -8,6 +8,7 @@
 #include "Settings.h"
 #include "Shell.h"
 
+#include <QSqlDatabase>
 #include <QStringList>
 #include <QTemporaryDir>
 
@@ -45,6 +46,8 @@ public:
     AppContext context() { return {session, *db, dialogs, shell, clock, settings}; }
     // Runs a fixture statement and fails the test when it does not succeed.
     QString exec(const QString& sql);
+    // A connection of the test's own to the ledger database, as another tool opens it; removed by name.
+    QSqlDatabase ownConnection(const QString& name) const;
     // Runs statements the program never sends (schema changes, as another tool would make them) on a
     // connection of the test's own, and fails the test when one does not succeed.
     void alter(const QStringList& statements);
