@@ -35,7 +35,6 @@ namespace {
 // Every hostile text carries a statement of its own that adds a marker ledger "pwn": should any
 // text end its quoted value, the marker row shows it.
 const QString kBreakOut = u"'; insert into ZbLst (ZBid,ZbNm) values ('pwn','pwn');--"_s;
-const QString kNoData = u"没有符合条件的数据！"_s;
 
 struct Payload
 {
@@ -237,14 +236,14 @@ void InjectionTest::typedTexts()
                 matching.append(ids[e]);
         const qsizetype found = matching.size();
         submit(j, {{u"CmbItm"_s, c[i].text}});
-        r.compare(u"journal"_s, r.said() + listedIds(j), found ? matching.join(u' ') : kNoData,
+        r.compare(u"journal"_s, r.said() + listedIds(j), found ? matching.join(u' ') : kNoDataText,
                   c[i].name + u" as the item"_s);
         submit(h, {{u"CmbItm"_s, c[i].text}});
         submit(b, {{u"Cmb"_s, c[i].text}});
         r.compare(u"reports"_s,
                   r.said() + (found ? reportFigures(h, 3) : QString()) + u'/' + reportFigures(b, 2),
                   found ? u"0|1|0|1/"_s + QStringList(found, u"1"_s).join(u';')
-                        : u"账本中不存在“"_s + cleaned + u"”这个物品/"_s + kNoData + u'/',
+                        : u"账本中不存在“"_s + cleaned + u"”这个物品/"_s + kNoDataText + u'/',
                   c[i].name + u" in the summary and the balance list"_s);
     }
     // A remark typed as a filter lists the entries whose remark holds it, and only this ledger's.
@@ -252,7 +251,7 @@ void InjectionTest::typedTexts()
     for (qsizetype i = 0; i < c.size(); ++i) {
         submit(j, {{u"TxtBZ"_s, c[i].text}});
         const QString listed = listedIds(j), own = ids[(i + c.size() - 1) % c.size()], said = r.said();
-        bool ok = said.isEmpty() || (listed.isEmpty() && said == kNoData);
+        bool ok = said.isEmpty() || (listed.isEmpty() && said == kNoDataText);
         for (const QString& id : listed.split(u' ', Qt::SkipEmptyParts))
             ok = ok && ids.contains(id);
         if (t.text(u"select BZ from Zhang where ID='"_s + own + u'\'')
@@ -449,10 +448,7 @@ void InjectionTest::storedTexts()
         // The second operator's rights are read, saved and he is removed, by his stored name.
         {
             Shown<UsrGL> g(t.context());
-            g.clickLine(u"Lst"_s, 2);
-            g.click(u"Cmd_2"_s);
-            g.click(u"Chk_1"_s);
-            g.click(u"Cmd_0"_s);
+            g.act(u"Lst@2;Cmd_2;Chk_1;Cmd_0"_s);
             const QString saved =
                 t.text(u"select QX from UsrLst"_s + ledger + u" and Usr='"_s + qSecond + u'\'');
             g.click(u"Cmd_0"_s);
