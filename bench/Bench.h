@@ -40,6 +40,18 @@ inline double medianMs(int runs, const std::function<void()>& fn)
     return times.at(times.size() / 2);
 }
 
+// Median of `runs` timings of fn, each after an untimed `prepare` (a fresh target), in milliseconds.
+inline double medianMs(int runs, const std::function<void()>& prepare, const std::function<void()>& fn)
+{
+    QList<double> times;
+    for (int i = 0; i < runs; ++i) {
+        prepare();
+        times.append(medianMs(1, fn));
+    }
+    std::sort(times.begin(), times.end());
+    return times.at(times.size() / 2);
+}
+
 // Chooses an entry of a window's named list, as a pick would.
 inline void pick(QWidget& window, const QString& name, const QString& text)
 {

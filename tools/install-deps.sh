@@ -5,7 +5,7 @@ set -euo pipefail
 packages=(
   build-essential cmake ninja-build
   qt6-base-dev qt6-base-dev-tools libqt6sql6-sqlite libqt6sql6-psql libqt6sql6-odbc
-  libpq-dev qt6-charts-dev qt6-translations-l10n unixodbc odbc-postgresql tdsodbc fonts-noto-cjk
+  libpq-dev qt6-charts-dev libqt6opengl6-dev qt6-translations-l10n unixodbc odbc-postgresql tdsodbc fonts-noto-cjk
 )
 case "${1:-}" in
   --tests) packages+=(postgresql xvfb xauth) ;;

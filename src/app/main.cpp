@@ -1,7 +1,9 @@
-// Start-up: the shared constants, the ledger database, the splash, then the main window.
+// Start-up: the shared constants, the ledger database, the splash, then the main window; or the
+// ledger copy command.
 #include "AppConstants.h"
 #include "AppContext.h"
 #include "Clock.h"
+#include "CopyCommand.h"
 #include "Database.h"
 #include "DbConfig.h"
 #include "EventLoop.h"
@@ -22,6 +24,9 @@ using namespace lanzhou;
 
 int main(int argc, char** argv)
 {
+    // The copy command needs no screen.
+    if (IsCopyCommand(argc, argv))
+        return RunCopyCommand(argc, argv);
     QApplication app(argc, argv);
     QApplication::setApplicationName(AppConstants::title());
     QApplication::setApplicationVersion(AppConstants::versionText());

@@ -18,19 +18,27 @@ const QString exportFilter =
 
 } // namespace
 
-QString AskExportFileName(const AppContext& context, const QString& caption)
+QString AskSaveFileName(const AppContext& context, const QString& title, const QString& name,
+                        const QString& filter, const QString& extension)
 {
     Session& session = context.session;
     if (session.exportFolder.isEmpty())
         session.exportFolder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-    QString name = context.dialogs.saveFileName(caption + QStringLiteral(" 导出到Excel文件"),
-                                                session.exportFolder, exportFilter);
-    if (name.isEmpty())
+    // A folder with a file name in it opens the dialog on that name.
+    const QString offered = name.isEmpty() ? session.exportFolder : session.exportFolder + u'/' + name;
+    QString chosen = context.dialogs.saveFileName(title, offered, filter);
+    if (chosen.isEmpty())
         return QString();
-    if (name.right(4).toUpper() != QLatin1String(".CSV"))
-        name += QStringLiteral(".csv");
-    session.exportFolder = QFileInfo(name).absolutePath();
-    return name;
+    if (!chosen.endsWith(extension, Qt::CaseInsensitive))
+        chosen += extension;
+    session.exportFolder = QFileInfo(chosen).absolutePath();
+    return chosen;
+}
+
+QString AskExportFileName(const AppContext& context, const QString& caption)
+{
+    return AskSaveFileName(context, caption + QStringLiteral(" 导出到Excel文件"), QString(), exportFilter,
+                           QStringLiteral(".csv"));
 }
 
 QString CsvLine(const QString& line, bool collapseBlanks)

@@ -8,9 +8,15 @@ namespace lanzhou {
 
 struct AppContext;
 
-// Asks for the export file with the save dialog, titled after the window's caption, in the folder the
-// session keeps for exports. A name that does not end in ".CSV" (in any case) gets ".csv" appended.
-// The empty text when the user cancels.
+// Asks for a file to write with the save dialog, in the folder the session keeps for exports, offering
+// `name` there when one is given; `filter` is the system's record (description, NUL, pattern). A chosen
+// name that does not end in `extension` (in any case) gets it appended, and its folder is kept for the
+// next export. The empty text when the user cancels.
+QString AskSaveFileName(const AppContext& context, const QString& title, const QString& name,
+                        const QString& filter, const QString& extension);
+
+// Asks for the export file with the save dialog, titled after the window's caption. A name that does
+// not end in ".CSV" (in any case) gets ".csv" appended. The empty text when the user cancels.
 QString AskExportFileName(const AppContext& context, const QString& caption);
 
 // A drawn line as a CSV line: every "│" becomes ",". With `collapseBlanks` runs of blanks first become

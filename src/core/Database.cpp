@@ -40,7 +40,10 @@ bool runScript(QSqlDatabase& db, const QString& resource)
     QFile file(resource);
     if (!file.open(QIODevice::ReadOnly))
         return false;
-    const QStringList statements = QString::fromUtf8(file.readAll()).split(QLatin1Char(';'));
+    // Comment lines go first, so that a ";" inside one cannot cut a statement.
+    QStringList lines = QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'));
+    lines.removeIf([](const QString& line) { return line.trimmed().startsWith(QLatin1String("--")); });
+    const QStringList statements = lines.join(QLatin1Char('\n')).split(QLatin1Char(';'));
     QSqlQuery query(db);
     for (const QString& statement : statements) {
         if (statement.trimmed().isEmpty())
@@ -125,7 +128,7 @@ bool Database::prepareEmbeddedFile() const
         db.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=5000"));
         if (db.open()) {
             QSqlQuery(db).exec(QStringLiteral("PRAGMA journal_mode=WAL"));
-            ok = runScript(db, QStringLiteral(":/schema/sqlite.sql"));
+            ok = createSchema(db);
             db.close();
         }
     }
@@ -133,6 +136,11 @@ bool Database::prepareEmbeddedFile() const
     if (!ok && !existed)
         QFile::remove(path);
     return ok;
+}
+
+bool Database::createSchema(QSqlDatabase& link) const
+{
+    return runScript(link, m_dialect->schemaResource());
 }
 
 bool Database::execute(QSqlDatabase& db, const QString& statement, StatementKind kind, bool fillGrid,
@@ -227,6 +235,22 @@ QString Database::run(const QString& statement, bool fillGrid)
     onLink(kind == StatementKind::Select,
            [&](QSqlDatabase& db) { return execute(db, statement, kind, fillGrid, result); });
     return result;
+}
+
+bool Database::RunTransaction(const TransactionWork& work)
+{
+    bool committed = false;
+    onLink(false, [&](QSqlDatabase& db) {
+        if (!db.transaction())
+            return false;
+        const QString untimed = m_dialect->untimedTransaction();
+        committed = (untimed.isEmpty() || QSqlQuery(db).exec(untimed)) &&
+                    work(db, [this] { m_watch->rearm(); }) && db.commit();
+        if (!committed)
+            db.rollback();
+        return committed;
+    });
+    return committed;
 }
 
 QStringList Database::RunBatch(const QStringList& statements, QList<bool>* failed)

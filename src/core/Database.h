@@ -30,6 +30,8 @@ public:
     // The embedded file is made with its schema at start-up when it is missing; later a missing file
     // is a failure, never a new empty database. False when the file cannot be made.
     bool prepareEmbeddedFile() const;
+    // Makes on a link the tables and indexes of this server kind's schema that are missing.
+    bool createSchema(QSqlDatabase& link) const;
 
     QString RunQuery(const QString& statement);
     QString RunScalar(const QString& statement);
@@ -38,6 +40,13 @@ public:
     // them one by one on one link. `failed`, when given, receives for each statement whether it failed,
     // since an empty answer alone cannot tell a failure from a NULL.
     QStringList RunBatch(const QStringList& statements, QList<bool>* failed = nullptr);
+
+    // Holds one link for a run of statements in one transaction (a ledger copy). The work runs its
+    // statements on the link and calls `answered` after each, so that a long run is not taken for a
+    // silent server. The transaction is committed when the work answers true and rolled back
+    // otherwise; the answer is whether it was committed. Without a link the work does not run.
+    using TransactionWork = std::function<bool(QSqlDatabase& link, const std::function<void()>& answered)>;
+    bool RunTransaction(const TransactionWork& work);
 
     const ResultGrid& grid() const { return m_grid; }
     const DbConfig& config() const { return m_config; }

@@ -40,6 +40,11 @@ bool DbConfig::fromAddress(const QString& address, DbConfig* config, QString* er
             *error = QStringLiteral("SQLite 地址缺少文件路径：") + address;
             return false;
         }
+        // sqlite://folder/file.db would name the file /file.db and drop the folder without a word.
+        if (!url.host().isEmpty()) {
+            *error = QStringLiteral("SQLite 地址应写作 sqlite:///绝对路径 或 sqlite:相对路径：") + address;
+            return false;
+        }
         c.server = Scrambled::fromPlain(url.path());
         *config = c;
         return true;

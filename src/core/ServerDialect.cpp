@@ -42,6 +42,12 @@ QString pinnedPostgresOptions(const PlainConnection& params)
         .arg(params.lockWaitMs);
 }
 
+// A held transaction runs for as long as a ledger copy takes, free of the statement time-out.
+QString untimedPostgresTransaction()
+{
+    return QStringLiteral("set local statement_timeout=0");
+}
+
 #ifdef Q_OS_LINUX
 // The sockets of the program connected to the port, found among its open files.
 QSet<int> socketsTo(int port)
@@ -116,6 +122,10 @@ private:
     QString rewrite(const QString& statement) const override
     {
         return rewriteTopAndGetdate(statement, QStringLiteral("datetime('now','localtime')"));
+    }
+    QString schemaResource() const override
+    {
+        return QStringLiteral(":/schema/sqlite.sql");
     }
 };
 
@@ -210,6 +220,8 @@ public:
     {
         return rewriteTopAndGetdate(statement, QStringLiteral("LOCALTIMESTAMP(0)"));
     }
+    QString schemaResource() const override { return QStringLiteral(":/schema/postgresql.sql"); }
+    QString untimedTransaction() const override { return untimedPostgresTransaction(); }
     bool checksLinks() const override { return true; }
     int linkSocket(QSqlDatabase& db) const override
     {
@@ -278,6 +290,15 @@ public:
         if (!m_postgres)
             return statement;
         return rewriteTopAndGetdate(statement, QStringLiteral("LOCALTIMESTAMP(0)"));
+    }
+    QString schemaResource() const override
+    {
+        return m_postgres ? QStringLiteral(":/schema/postgresql.sql")
+                          : QStringLiteral(":/schema/sqlserver.sql");
+    }
+    QString untimedTransaction() const override
+    {
+        return m_postgres ? untimedPostgresTransaction() : QString();
     }
     // ODBC cannot tell a dead link without asking the server, and a write sent on one cannot be
     // repeated: a link that has rested is asked once before it carries the next statement. Statements
@@ -383,6 +404,13 @@ QString LikeText(ServerKind kind, const QString& text)
     if (kind != ServerKind::PostgreSql)
         return text;
     return QString(text).replace(u'\\', QStringLiteral("\\\\"));
+}
+
+QString DayOfTime(ServerKind kind, const QString& column)
+{
+    if (kind == ServerKind::SqlServer)
+        return QStringLiteral("left(") + column + QStringLiteral(",10)");
+    return QStringLiteral("substr(") + column + QStringLiteral(",1,10)");
 }
 
 } // namespace lanzhou

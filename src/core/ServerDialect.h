@@ -41,6 +41,12 @@ public:
     virtual QString qtDriver() const = 0;
     virtual void configure(QSqlDatabase& db, const PlainConnection& params) const = 0;
     virtual QString rewrite(const QString& statement) const = 0;
+    // The resource holding the kind's tables and indexes (schema/*.sql).
+    virtual QString schemaResource() const = 0;
+    // A statement that frees one held transaction from the statement time-out, since a ledger copy
+    // reads its entries for as long as writing them takes; the watch still cuts a link that stops
+    // answering. Empty where the server keeps no such time-out.
+    virtual QString untimedTransaction() const { return QString(); }
     // Whether the kind can tell, without asking the server, that a link can still carry a statement;
     // and whether a link, idle for so many milliseconds, can. Where the kind cannot tell, a link is
     // dropped after any failure and a read that failed on a kept link runs once more on a new one.
@@ -72,5 +78,9 @@ QString rewriteTopAndGetdate(const QString& statement, const QString& nowExpress
 // PostgreSQL reads a backslash in a pattern as an escape, so there it is doubled. "%" and "_" stay
 // wildcards everywhere, as the operator may type them on purpose.
 QString LikeText(ServerKind kind, const QString& text);
+
+// The day of a posting time as this server kind writes it in a statement: the first ten characters
+// (yyyy-mm-dd) of the column's text.
+QString DayOfTime(ServerKind kind, const QString& column);
 
 } // namespace lanzhou

@@ -27,10 +27,11 @@ JournalLines::JournalLines(const TextGrid& grid, const QString& itemLabel, const
                                : m_grid.ruleLine(TextGrid::Middle, {800, 1500, 3000, 1000, 1000, 5000});
 }
 
-void JournalLines::add(const QString& line, const QString& id)
+void JournalLines::add(const QString& line, const QString& id, const QString& item)
 {
     m_lines.append(line);
     m_ids.append(id);
+    m_items.append(item);
 }
 
 QString JournalLines::framedBlankLine() const
@@ -74,7 +75,7 @@ void JournalLines::addEntry(const QString& id, const QString& op, const QString&
         line += m_grid.textCell(QString(), amountWidth) + m_grid.numberCell(-quantity);
     if (m_balanceMode)
         line += m_grid.numberCell(balance);
-    add(line + remark, id);
+    add(line + remark, id, item);
 }
 
 void JournalLines::addTotals(double increase, double decrease, double grandBalance)

@@ -11,8 +11,8 @@ namespace lanzhou {
 class Database;
 class ResultGrid;
 
-// The journal's text table: each line goes with the ID of the entry it shows (empty for heading,
-// rule and totals lines), so that the two lists stay index-aligned.
+// The journal's text table: each line goes with the ID and the whole item name of the entry it shows
+// (empty for heading, rule and totals lines), so that the lists stay index-aligned.
 class JournalLines
 {
 public:
@@ -29,6 +29,7 @@ public:
     bool balanceMode() const { return m_balanceMode; }
     const QStringList& lines() const { return m_lines; }
     const QStringList& ids() const { return m_ids; }
+    const QStringList& items() const { return m_items; }
 
     // A framed blank line and the column titles.
     void addHeading();
@@ -39,7 +40,7 @@ public:
     void addTotals(double increase, double decrease, double grandBalance);
 
 private:
-    void add(const QString& line, const QString& id = QString());
+    void add(const QString& line, const QString& id = QString(), const QString& item = QString());
     QString framedBlankLine() const;
 
     const TextGrid& m_grid;
@@ -49,6 +50,7 @@ private:
     QString m_ruleLine;
     QStringList m_lines;
     QStringList m_ids;
+    QStringList m_items;
 };
 
 // Progress callers show while the listing is built: a caption per row, or per item in balance mode.

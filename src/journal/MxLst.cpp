@@ -13,6 +13,7 @@
 #include "LedgerItems.h"
 #include "Session.h"
 #include "TextUtils.h"
+#include "TrendChart.h"
 #include "WaitCursor.h"
 #include "WindowRules.h"
 
@@ -55,6 +56,10 @@ MxLst::MxLst(const AppContext& context, QWidget* parent)
     connect(ui->Lst, &QListWidget::itemDoubleClicked, this, [this](QListWidgetItem* item) {
         if (!ui->Lst2->item(ui->Lst->row(item))->text().isEmpty())
             runCommand(JournalCmd::Modify);
+    });
+    connect(ui->CmdChart, &QPushButton::clicked, this, [this] {
+        if (!isBusy())
+            OpenTrendChart(m_context, Right::Journal, chartItem(), this);
     });
     connect(ui->Lst, &QListWidget::currentRowChanged, this, [this](int row) {
         if (row >= 0)
@@ -220,6 +225,7 @@ void MxLst::clearListing()
 {
     ui->Lst->clear();
     ui->Lst2->clear();
+    m_lineItems.clear();
 }
 
 void MxLst::showListing(const JournalLines& lines)
@@ -240,6 +246,7 @@ void MxLst::showListing(const JournalLines& lines)
     last->setSizeHint(QSize(int(std::ceil(widest)) + 8, height));
     ui->Lst->addItem(last);
     ui->Lst2->addItems(lines.ids());
+    m_lineItems = lines.items();
 }
 
 QString MxLst::selectedEntryId() const
@@ -248,6 +255,16 @@ QString MxLst::selectedEntryId() const
     if (row < 0 || !ui->Lst->item(row)->isSelected())
         return QString();
     return ui->Lst2->item(row)->text();
+}
+
+QString MxLst::chartItem() const
+{
+    if (!selectedEntryId().isEmpty())
+        return m_lineItems.value(ui->Lst->currentRow());
+    const QString condition = CleanInput(ui->CmbItm->currentText());
+    if (ui->CmbGX1->currentIndex() == 0 && condition != AllItemsEntry(m_context.session.itemLabel()))
+        return condition;
+    return QString();
 }
 
 } // namespace lanzhou

@@ -49,6 +49,8 @@ private:
     void clearListing();
     // The entry ID behind the selected line, empty when no entry line is selected.
     QString selectedEntryId() const;
+    // The item of the selected entry line, else the item the condition names exactly; empty when neither.
+    QString chartItem() const;
     void openEditor(int command);
     void deleteSelected();
     // After an edit the listing is run again and the selection goes back to the same line.
@@ -66,6 +68,8 @@ private:
     // Buttons by command index.
     std::array<QPushButton*, 7> m_cmd{};
     QString m_lastStatement;
+    // The whole item name of each line of Lst (the line shows it cut to its column).
+    QStringList m_lineItems;
     int m_trackedRow = -1;
 };
 

@@ -9,6 +9,7 @@
 #include "TextUtils.h"
 #include "UsrGL.h"
 #include "UsrPwd.h"
+#include "ZbCopy.h"
 #include "ZbTyp.h"
 
 #include <QWidget>
@@ -89,6 +90,14 @@ void LedgerAdministration::editAnnouncement()
         return;
     GongGao dialog(m_ctx, m_announcementArea->palette().color(m_announcementArea->backgroundRole()),
                    m_window);
+    dialog.exec();
+}
+
+void LedgerAdministration::copyLedger()
+{
+    if (!RequireRight(m_ctx, Right::Administer))
+        return;
+    ZbCopy dialog(m_ctx, m_window);
     dialog.exec();
 }
 

@@ -10,9 +10,10 @@ namespace lanzhou {
 
 class LedgerList;
 
-// The ledger menu's administration entries: the ledger's ID, its name and type, its operators,
-// one's own password and the announcement. Each checks its right, opens its window modally, and
-// leaves what changed in the session, from which the main window refreshes.
+// The administration entries of the ledger and help menus: the ledger's ID, its name and type, its
+// operators, one's own password, the announcement and the copy into another database. Each checks
+// its right, opens its window modally, and leaves what changed in the session, from which the main
+// window refreshes.
 class LedgerAdministration : public QObject
 {
     Q_OBJECT
@@ -28,6 +29,8 @@ public:
     void manageOperators();
     void changePassword();
     void editAnnouncement();
+    // Copies the open ledger into another ledger database (a shared server it moves to).
+    void copyLedger();
 
 private:
     AppContext m_ctx;

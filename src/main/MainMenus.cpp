@@ -46,7 +46,7 @@ MainMenus::MainMenus(const AppContext& context, const Buttons& buttons, const Ac
     buildLedgerMenu(actions);
     buildReportMenu(actions.reports);
     buildQuantityMenu(actions.quickEntry);
-    buildHelpMenu();
+    buildHelpMenu(actions.administration);
     m_buttons.quantityLine->installEventFilter(this);
 }
 
@@ -122,7 +122,7 @@ void MainMenus::buildQuantityMenu(QuickEntry& quickEntry)
     });
 }
 
-void MainMenus::buildHelpMenu()
+void MainMenus::buildHelpMenu(LedgerAdministration& administration)
 {
     m_help = makeMenu(m_window, QStringLiteral("traymenu"));
     connect(addEntry(m_help, QStringLiteral("Menu_Form"), QStringLiteral("显示主窗口")), &QAction::triggered,
@@ -133,6 +133,14 @@ void MainMenus::buildHelpMenu()
             this, &MainMenus::openWebSite);
     connect(addEntry(m_help, QStringLiteral("Menu_ToWeb"), QStringLiteral("访问软件网站")),
             &QAction::triggered, this, &MainMenus::openWebSite);
+    // Copying acts on the open ledger, offered once its operator has logged in.
+    QAction* copyLine = m_help->addSeparator();
+    QAction* copy = addEntry(m_help, QStringLiteral("Menu_CopyZb"), QStringLiteral("复制账本到其他数据库…"));
+    connect(copy, &QAction::triggered, &administration, &LedgerAdministration::copyLedger);
+    connect(m_help, &QMenu::aboutToShow, this, [this, copyLine, copy] {
+        copyLine->setVisible(m_loggedIn);
+        copy->setVisible(m_loggedIn);
+    });
     m_help->addSeparator();
     connect(addEntry(m_help, QStringLiteral("MenuExit"), QStringLiteral("退出本软件")), &QAction::triggered,
             this, &MainMenus::exitRequested);

@@ -56,7 +56,7 @@ private:
     void buildLedgerMenu(const Actions& actions);
     void buildReportMenu(ReportWindows& reports);
     void buildQuantityMenu(QuickEntry& quickEntry);
-    void buildHelpMenu();
+    void buildHelpMenu(LedgerAdministration& administration);
     void showAbout();
     void openWebSite();
 

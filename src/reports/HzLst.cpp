@@ -15,6 +15,7 @@
 #include "Session.h"
 #include "SummaryFigures.h"
 #include "TextUtils.h"
+#include "TrendChart.h"
 #include "WaitCursor.h"
 #include "WindowRules.h"
 
@@ -30,6 +31,8 @@ namespace {
 constexpr int itemWidth = 3000;
 constexpr int figureWidth = 1000;
 const QList<int> columns = {itemWidth, figureWidth, figureWidth, figureWidth, figureWidth};
+// The top rule, the column titles and the rule under them.
+constexpr int headLines = 3;
 
 const QChar rule(0x2500);
 const QChar bar(0x2502);
@@ -59,6 +62,11 @@ HzLst::HzLst(const AppContext& context, JournalOpener& journal, QWidget* parent)
     connect(ui->Lst, &QListWidget::currentRowChanged, this, &HzLst::stepOffRule);
     connect(ui->Lst, &QListWidget::itemDoubleClicked, this,
             [this](QListWidgetItem* item) { drillDown(ui->Lst->row(item)); });
+    connect(ui->CmdChart, &QPushButton::clicked, this, [this] {
+        if (!isBusy())
+            OpenTrendChart(m_context, Right::Summary, SelectedListedItem(ui->Lst, headLines, ui->CmbItm),
+                           this);
+    });
 }
 
 // Out of line, where the form's class is complete.
@@ -240,7 +248,7 @@ void HzLst::stepOffRule(int row)
 void HzLst::drillDown(int row)
 {
     // The head names the columns, not an item.
-    if (row < 3)
+    if (row < headLines)
         return;
     const QString listed = ListedItemOfLine(ui->CmbItm, ui->Lst->item(row)->text());
     if (listed.isEmpty())

@@ -16,6 +16,7 @@
 #include "Rights.h"
 #include "Session.h"
 #include "TextUtils.h"
+#include "TrendChart.h"
 #include "WaitCursor.h"
 #include "WindowRules.h"
 
@@ -48,6 +49,11 @@ KcLst::KcLst(const AppContext& context, JournalOpener& journal, QWidget* parent)
     connect(ui->Lst, &QListWidget::itemDoubleClicked, this, [this](QListWidgetItem* line) {
         if (!isBusy() && ui->Lst->row(line) >= BalanceLines::headCount)
             drillDown(line->text());
+    });
+    connect(ui->CmdChart, &QPushButton::clicked, this, [this] {
+        if (!isBusy())
+            OpenTrendChart(m_context, Right::BalanceList,
+                           SelectedListedItem(ui->Lst, BalanceLines::headCount, ui->Cmb), this);
     });
     drawHead();
 }

@@ -6,6 +6,7 @@
 #include "TextGrid.h"
 
 #include <QComboBox>
+#include <QListWidget>
 #include <QRegularExpression>
 
 namespace lanzhou {
@@ -51,6 +52,14 @@ QString ListedItemOfLine(const QComboBox* box, const QString& line)
             return box->itemText(i);
     }
     return QString();
+}
+
+QString SelectedListedItem(const QListWidget* list, int headLines, const QComboBox* box)
+{
+    const QListWidgetItem* line = list->currentItem();
+    if (!line || !line->isSelected() || list->row(line) < headLines)
+        return QString();
+    return ListedItemOfLine(box, line->text());
 }
 
 } // namespace lanzhou

@@ -3,6 +3,7 @@
 #include <QString>
 
 class QComboBox;
+class QListWidget;
 
 namespace lanzhou {
 
@@ -24,5 +25,9 @@ bool MatchesWildcard(const QString& name, const QString& pattern);
 // that contains it (a name cut to fit its column). The empty text for a line that names none: a rule,
 // a blank line, the totals line, or a name no longer listed.
 QString ListedItemOfLine(const QComboBox* box, const QString& line);
+
+// The listed item of the selected line of a report list below its `headLines` column titles; the empty
+// text when no line is selected or the selected one names no item.
+QString SelectedListedItem(const QListWidget* list, int headLines, const QComboBox* box);
 
 } // namespace lanzhou

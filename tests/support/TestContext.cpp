@@ -235,6 +235,21 @@ void TestContext::pointAt(quint16 port)
     reconfigure([this, port](DbConfig& config) { config.port = port ? port : m_serverPort; });
 }
 
+QString TestContext::address() const
+{
+    const DbConfig& c = db->config();
+    if (c.kind == ServerKind::Sqlite)
+        return QStringLiteral("sqlite://") + c.server.plain();
+    QUrl url;
+    url.setScheme(c.viaOdbc ? QStringLiteral("odbc+postgresql") : QStringLiteral("postgresql"));
+    url.setUserName(c.user.plain());
+    url.setPassword(c.password.plain());
+    url.setHost(c.server.plain());
+    url.setPort(c.port);
+    url.setPath(u'/' + c.database.plain());
+    return url.toString();
+}
+
 void TestContext::openLedger(const QString& id, const QString& name, const QString& item,
                              const QString& quantity, const QString& op)
 {

@@ -62,6 +62,8 @@ public:
     void reconfigure(const std::function<void(DbConfig&)>& change);
     // Points a shared server's runners at the port of a relay in front of it, 0 back at the server.
     void pointAt(quint16 port);
+    // The ledger database's address, as the program reads one (README).
+    QString address() const;
     // The texts of the dialogs shown since the last call, which forgets them.
     QStringList said();
     // The session has read the server's date already: the fixed clock's day.
