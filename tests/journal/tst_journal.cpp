@@ -22,22 +22,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString head = u"select id ,usr,tm,item,sl,bz  from Zhang Where ZBID='L1'  And TM>='2026-11-"_s;
-const QString refused = u"对不起，您无此权限！"_s;
+const QString& refused = kNoRightText;
 const QString question = u"真的要删除这条记录吗？"_s;
-const QString failed = u"连接服务器失败，请重试！"_s;
-
-// Sets controls as a person would from "name=entry" pairs: picks from a fixed list, types into the rest.
-void set(const WindowDriver& d, const QString& pairs)
-{
-    for (const QString& pair : pairs.split(u';')) {
-        const QString name = pair.section(u'=', 0, 0);
-        auto* list = qobject_cast<QComboBox*>(d.w<QWidget>(name));
-        if (list && !list->isEditable())
-            d.pick(name, pair.section(u'=', 1));
-        else
-            d.type(name, pair.section(u'=', 1));
-    }
-}
 
 QString texts(const WindowDriver& d, const QString& names)
 {
@@ -57,24 +43,13 @@ bool insideScreen(QWidget* window)
 // ledger, one item written in two letter cases, an item name too long for its column.
 struct JournalWindow
 {
-    explicit JournalWindow(bool sample = true)
-        : t(backend()), context(open(t, sample)), window(std::make_unique<MxLst>(context)), d(window.get())
-    {
-        window->show();
-    }
-
-    static QString backend()
-    {
-        QFETCH(QString, backend);
-        return backend;
-    }
+    explicit JournalWindow(bool sample = true) : t(rowBackend()), d(open(t, sample)) {}
 
     static AppContext open(TestContext& t, bool sample)
     {
         t.openLedger(u"L1"_s, u"五金仓库"_s);
         t.session.setOperators({u"管理员"_s, u"张三"_s});
-        t.session.serverDateText = u"2026-11-15"_s;
-        t.session.serverDateDay = 15;
+        t.knowServerDate();
         if (sample)
             t.exec(
                 u"insert into Zhang (ZBID,USR,TM,ID,ITEM,SL,BZ) values "
@@ -101,12 +76,12 @@ struct JournalWindow
     void run(const QString& pairs = {}) const
     {
         if (!pairs.isEmpty())
-            set(d, pairs);
+            d.act(pairs);
         d.click(u"Cmd_0"_s);
     }
     MxEd* editor() const
     {
-        for (MxEd* open : window->findChildren<MxEd*>())
+        for (MxEd* open : d->findChildren<MxEd*>())
             if (open->isVisible())
                 return open;
         return nullptr;
@@ -116,17 +91,9 @@ struct JournalWindow
     {
         return t.text(u"select ZBID,USR,TM,ITEM,SL,BZ from Zhang where ID='"_s + id + u'\'');
     }
-    template <class Steps> void serverDown(Steps steps)
-    {
-        t.setServerDown(true);
-        steps();
-        t.setServerDown(false);
-    }
 
     TestContext t;
-    AppContext context;
-    std::unique_ptr<MxLst> window;
-    WindowDriver d;
+    Shown<MxLst> d;
 };
 
 } // namespace
@@ -137,7 +104,7 @@ class TestJournal : public QObject
 private slots:
     // Balance mode from 2026-11-02: each item's running balance from its opening balance, totals and
     // aligned columns; lines scroll sideways to their end. A period that ends before it starts clears
-    // the listing, and so does a failed read, so that no command acts on lines that were not read.
+    // the listing, so that no command acts on lines that were not read (as a failed read does).
     void listing_data() { addBackendRows(); }
     void listing()
     {
@@ -147,12 +114,12 @@ private slots:
         j.t.exec(u"insert into Zhang (ZBID,USR,TM,ID,ITEM,SL,BZ) values "
                  "('L1','管理员','2026-11-02 00:00','A12','B型螺母',-30.25,''),"
                  "('L1','管理员','2026-11-01 23:59','A13','B型螺母',12,'')"_s);
-        QCOMPARE(j.window->windowTitle(), u"物品流水账"_s);
+        QCOMPARE(j.d->windowTitle(), u"物品流水账"_s);
         QCOMPARE(texts(d, u"LabItm CmbItm CmbSort"_s), u"物品： 全部物品 物品"_s);
         // A, B, C and the one d/D item: tombstones and other ledgers stay out.
         QCOMPARE(d.w<QComboBox>(u"CmbItm"_s)->count(), 5);
         j.run(u"Cmb_2=02"_s);
-        QCOMPARE(j.window->lastStatement(),
+        QCOMPARE(j.d->lastStatement(),
                  head + u"02 00:00'  And TM<='2026-11-15 23:59'  order by Item,TM,ID "_s);
         // Framed blank, titles, rule, framed blank, rule, entries, rule, totals, rule, framed blank;
         // the hidden Lst2 has the entry ID of each line.
@@ -175,7 +142,7 @@ private slots:
                  u"一条不会被截短的很长很长的备注，写到窗口之外，也能向右滚动看到它的最后一个字"_s);
         auto* list = d.w<QListWidget>(u"Lst"_s);
         const int longest = QFontMetrics(list->font()).horizontalAdvance(shown.at(10));
-        QVERIFY(insideScreen(j.window.get()) && longest > list->viewport()->width());
+        QVERIFY(insideScreen(j.d.window()) && longest > list->viewport()->width());
         QTRY_VERIFY(list->horizontalScrollBar()->maximum() + list->viewport()->width() >= longest);
         // Every bar and rule junction of the six columns stands at the same place (in twips) on every line.
         QCOMPARE(list->font().family(), TextGrid::listFont().family());
@@ -192,16 +159,13 @@ private slots:
         for (const QString& line : shown)
             QCOMPARE(crossings(line), crossings(shown.at(1)));
         QVERIFY(shown.at(2).startsWith(QChar(0x2500)));
-        saveScreenshot(j.window.get(), u"journal.png"_s);
+        saveScreenshot(j.d.window(), u"journal.png"_s);
         j.run(u"Cmb_2=16"_s);
         QCOMPARE(j.lines() + j.lines(u"Lst2"_s), QStringList());
+        QCOMPARE(j.t.dialogs.texts(), QStringList{kNoDataText});
+        QCOMPARE(j.t.dialogs.shown().at(0).title, QString());
         j.run(u"Cmb_2=02"_s);
         QCOMPARE(j.lines(), shown);
-        j.serverDown([&] { j.run(); });
-        QCOMPARE(j.t.dialogs.texts(), QStringList(2, u"没有符合条件的数据！"_s));
-        QCOMPARE(j.t.dialogs.shown().at(1).title, QString());
-        QCOMPARE(j.lines() + j.lines(u"Lst2"_s), QStringList());
-        QVERIFY(d.w<QWidget>(u"Cmd_0"_s)->isEnabled() && d.w<QWidget>(u"CmdWait"_s)->isHidden());
 
         // One opening read that fails while the server still answers the others counts as 0: B型螺母
         // then starts from its first entry in the period.
@@ -254,7 +218,7 @@ private slots:
         j.run(filters);
         if (!clauses.contains(u"order by"_s))
             clauses += u" order by Item,TM,ID "_s;
-        QCOMPARE(j.window->lastStatement(), head + u"15 00:00'  And TM<='2026-11-15 23:59' "_s + clauses);
+        QCOMPARE(j.d->lastStatement(), head + u"15 00:00'  And TM<='2026-11-15 23:59' "_s + clauses);
         QCOMPARE(j.ids(), ids);
         // Titles, entries and totals: three text cells, two amounts, the balance in balance mode, the remark.
         const QStringList shown = j.lines();
@@ -271,7 +235,7 @@ private slots:
         const WindowDriver& d = j.d;
         j.run();
         QCOMPARE(j.t.dialogs.texts(), QStringList{u"这个账本还没有录入任何记录，不能进行报表统计！"_s});
-        QVERIFY(j.window->lastStatement().isEmpty());
+        QVERIFY(j.d->lastStatement().isEmpty());
         // List, entry, day after.
         const QStringList steps = u"_2 31 30 _1 12 30 _2 31 31 _1 06 30 _1 02 28 _0 2028 28 _2 31 29 "
                                   "_0 2027 28 _3 05 28"_s.split(u' ');
@@ -286,11 +250,10 @@ private slots:
         QCOMPARE(d.w<QComboBox>(u"Cmb_0"_s)->itemText(0) + d.w<QComboBox>(u"Cmb2_0"_s)->itemText(30),
                  u"20162046"_s);
         j.t.session.setItems({u"A型螺丝"_s});
-        j.serverDown([&] {
-            MxLst offline(j.context);
-            auto* items = WindowDriver(&offline).w<QComboBox>(u"CmbItm"_s);
-            QCOMPARE(items->itemText(items->count() - 1) + QString::number(items->count()), u"A型螺丝2"_s);
-        });
+        j.t.setServerDown(true);
+        const Shown<MxLst> offline(j.t.context());
+        auto* items = offline.w<QComboBox>(u"CmbItm"_s);
+        QCOMPARE(items->itemText(items->count() - 1) + QString::number(items->count()), u"A型螺丝2"_s);
     }
 
     // The edit commands: their rights, the single delete, modify through the editor and its delete.
@@ -301,10 +264,7 @@ private slots:
         const WindowDriver& d = j.d;
         TestContext& t = j.t;
         j.run();
-        d.click(u"Cmd_5"_s);      // nothing selected
-        d.clickLine(u"Lst"_s, 1); // the titles: no entry behind it
-        d.click(u"Cmd_5"_s);
-        d.click(u"Cmd_4"_s);
+        d.act(u"Cmd_5;Lst@1;Cmd_5;Cmd_4"_s); // nothing selected, then the titles: no entry behind them
         const QString pickDelete = u"请首先选择您要删除的记录行！"_s;
         QCOMPARE(t.dialogs.texts(), (QStringList{pickDelete, pickDelete, u"请首先选择您要修改的记录行！"_s}));
         // Late entry, modify and delete refused (positions 10 to 12); the query needs no right. One right
@@ -313,46 +273,36 @@ private slots:
         t.session.setRights(u"1111111110001111"_s);
         j.run();
         j.select(u"A02"_s);
-        for (const QString& name : {u"Cmd_3"_s, u"Cmd_4"_s, u"Cmd_5"_s})
-            d.click(name);
+        d.act(u"Cmd_3;Cmd_4;Cmd_5"_s);
         d.doubleClickLine(u"Lst"_s, j.rowOf(u"A03"_s));
         t.session.setRights(u"1111111111011111"_s);
-        d.click(u"Cmd_4"_s);
-        d.click(u"Cmd_3"_s);
+        d.act(u"Cmd_4;Cmd_3"_s);
         QCOMPARE(t.dialogs.texts(), QStringList(5, refused));
         WindowDriver(j.editor()).click(u"Cmd_2"_s);
         QCOMPARE(t.text(u"select count(*) from Zhang where ZBID='L1'"_s), u"10"_s);
-        // The single delete: No keeps the entry, a server that is down keeps the listing; then the
-        // listing runs again with the selection on the same line.
+        // The single delete: No keeps the entry; Yes tombstones it, and the listing runs again with the
+        // selection on the same line.
         t.session.setRights(QString());
         t.dialogs.clear();
         const int row = j.rowOf(u"A03"_s);
-        const QStringList before = j.lines();
         j.select(u"A03"_s);
         t.dialogs.queueAnswer(DialogAnswer::No);
         d.click(u"Cmd_5"_s);
         const auto asked = t.dialogs.shown().at(0);
         QVERIFY(asked.icon == DialogIcon::Question && asked.buttons == DialogButtons::YesNo &&
                 asked.defaultAnswer == DialogAnswer::No);
-        t.dialogs.queueAnswer(DialogAnswer::Yes);
-        j.serverDown([&] { d.click(u"Cmd_5"_s); });
-        QCOMPARE(j.lines(), before);
-        QVERIFY(d.w<QWidget>(u"Cmd_5"_s)->isEnabled());
+        QCOMPARE(j.entry(u"A03"_s).left(3), u"L1|"_s);
         t.dialogs.queueAnswer(DialogAnswer::Yes);
         d.click(u"Cmd_5"_s);
-        QCOMPARE(t.dialogs.texts(), (QStringList{question, question, failed, question}));
-        QCOMPARE(t.dialogs.shown().at(2).title, u"提示"_s);
+        QCOMPARE(t.dialogs.texts(), (QStringList{question, question}));
         QCOMPARE(j.entry(u"A03"_s),
                  u"管理员#L1#2026-11-15 09:05|张三|2026-11-15 09:00|A型螺丝|-2.5|计划外"_s);
         QCOMPARE(j.ids(), u"A02 A04 A05 A07 A09 A10"_s);
         QCOMPARE(d.w<QListWidget>(u"Lst"_s)->currentRow(), row);
-        // Modify: reading the entry and saving it while the server is down, then the retry. The old row
-        // keeps everything but its ledger ID, the new one has a new ID.
+        // Modify: the old row keeps everything but its ledger ID, the new one has a new ID.
         t.dialogs.clear();
         const int modified = j.rowOf(u"A02"_s);
         j.select(u"A02"_s);
-        j.serverDown([&] { d.click(u"Cmd_4"_s); });
-        QVERIFY(!j.editor());
         d.click(u"Cmd_4"_s);
         WindowDriver e(j.editor());
         QVERIFY(j.editor()->isModal() && insideScreen(j.editor()));
@@ -361,14 +311,8 @@ private slots:
                  u"A型螺丝 +10 入库 2026 11 15 08 00"_s);
         QVERIFY(e.w<QWidget>(u"FrmWait"_s)->isHidden() && e.w<QWidget>(u"Chk"_s)->isHidden() &&
                 e.w<QWidget>(u"Cmd_1"_s)->isVisible());
-        set(e, u"TxtSL=-3.5;TxtBZ=返工 - 退回;Cmb_4=30"_s);
-        j.serverDown([&] { e.click(u"Cmd_0"_s); });
-        QCOMPARE(texts(e, u"TxtSL TxtBZ"_s), u"-3.5 返工 - 退回"_s);
-        QVERIFY(e.w<QWidget>(u"Cmd_0"_s)->isEnabled());
-        QCOMPARE(t.text(u"select count(*) from Zhang"_s) + j.entry(u"A02"_s).left(3), u"12L1|"_s);
-        e.press(u"TxtBZ"_s, Qt::Key_Return); // the retry: Enter in the remark box saves and closes
-        QCOMPARE(t.dialogs.texts(), (QStringList{u"连接服务器失败！"_s, failed}));
-        QCOMPARE(t.dialogs.shown().at(1).title, u"提示"_s);
+        e.act(u"TxtSL=-3.5;TxtBZ=返工 - 退回;Cmb_4=30"_s);
+        e.press(u"TxtBZ"_s, Qt::Key_Return); // Enter in the remark box saves and closes
         QVERIFY(!j.editor());
         QCOMPARE(j.entry(u"A02"_s), u"管理员#L1#2026-11-15 09:05|管理员|2026-11-15 08:00|A型螺丝|10|入库"_s);
         QCOMPARE(j.entry(u"7827505800"_s), u"L1|管理员|2026-11-15 08:30|A型螺丝|-3.5|返工-退回"_s);
@@ -391,7 +335,7 @@ private slots:
         QCOMPARE(j.editor(), e.window());
         t.dialogs.queueAnswer(DialogAnswer::Yes);
         e.click(u"Cmd_1"_s);
-        QCOMPARE(t.dialogs.texts().mid(2), (QStringList{refused, question, question}));
+        QCOMPARE(t.dialogs.texts(), (QStringList{refused, question, question}));
         QVERIFY(!j.editor());
         QCOMPARE(j.entry(u"A04"_s), u"管理员#L1#2026-11-15 09:05|张三|2026-11-15 10:00|B型螺母|0|盘点"_s);
         QTRY_COMPARE(j.ids(), u"7827505800 A05 A07 A09 A10"_s);
@@ -423,7 +367,7 @@ private slots:
         QStringList signs;
         for (const QString& item : {u" ' |x"_s, u"螺丝|"_s, u"螺丝| 7 5x"_s, u"新全部物品|+"_s,
                                     u"新全部 物品|-3"_s, u"全部物品|+2"_s}) {
-            set(e, u"CmbItm="_s + item.section(u'|', 0, 0) + u";TxtSL="_s + item.section(u'|', 1));
+            e.act(u"CmbItm="_s + item.section(u'|', 0, 0) + u";TxtSL="_s + item.section(u'|', 1));
             signs.append(e.text(u"TxtSL"_s));
             e.click(u"Cmd_0"_s);
         }
@@ -435,7 +379,7 @@ private slots:
         QCOMPARE(shown.at(0).title + shown.at(1).title + shown.at(4).title, u"提示提示"_s);
         QCOMPARE(j.entry(u"7827507900"_s), u"L1|管理员|2026-11-15 09:05|新全部 物品|-3|"_s);
         t.dialogs.clear();
-        set(e, u"CmbItm=新品 - 甲型;Cmb_1=01;Cmb_2=02;Cmb_3=00;Cmb_4=00;TxtSL=.5"_s);
+        e.act(u"CmbItm=新品 - 甲型;Cmb_1=01;Cmb_2=02;Cmb_3=00;Cmb_4=00;TxtSL=.5"_s);
         QCOMPARE(e.text(u"TxtSL"_s), u"+0.5"_s);
         e.press(u"TxtSL"_s, Qt::Key_Return);
         QVERIFY(e.w<QWidget>(u"TxtBZ"_s)->hasFocus());
@@ -468,8 +412,7 @@ private slots:
         d.click(u"Cmd_1"_s);
         j.run();
         t.session.setRights(u"1111111011110111"_s); // export (8) and bulk delete (13) refused
-        d.click(u"Cmd_1"_s);
-        d.click(u"Cmd_6"_s);
+        d.act(u"Cmd_1;Cmd_6"_s);
         t.session.setRights(QString());
         QCOMPARE(t.dialogs.texts(),
                  (QStringList{u"请先使用【统计】功能列出历史记录，才能进行导出操作！"_s, refused, refused}));
@@ -554,10 +497,10 @@ private slots:
         j.run(u"CmbUsr="_s);
         t.dialogs.queueAnswer(DialogAnswer::Cancel);
         d.click(u"Cmd_6"_s);
-        j.serverDown([&] {
-            t.dialogs.queueAnswer(DialogAnswer::Ok);
-            d.click(u"Cmd_6"_s);
-        });
+        t.setServerDown(true);
+        t.dialogs.queueAnswer(DialogAnswer::Ok);
+        d.click(u"Cmd_6"_s);
+        t.setServerDown(false);
         QCOMPARE(j.ids(), u"A02 A05 A07 A09 A10"_s);
         // While the batch runs it shows its caption and offers no command; then the server goes down.
         QString during;
@@ -574,7 +517,7 @@ private slots:
         d.click(u"Cmd_6"_s);
         t.setServerDown(false);
         QCOMPARE(during, u"正在删除数据，请稍候……0"_s);
-        QVERIFY(j.window->isVisible() && d.w<QWidget>(u"Cmd_6"_s)->isEnabled() &&
+        QVERIFY(j.d->isVisible() && d.w<QWidget>(u"Cmd_6"_s)->isEnabled() &&
                 d.w<QWidget>(u"CmdWait"_s)->isHidden());
         QCOMPARE(j.ids(), u"A05 A07 A09 A10"_s);
         t.dialogs.queueAnswer(DialogAnswer::Ok);
@@ -606,19 +549,6 @@ private slots:
         QFETCH(QDateTime, when);
         QFETCH(QString, id);
         QCOMPARE(EditorEntryId(when), id);
-    }
-
-    void statements()
-    {
-        QCOMPARE(ModifyTombstoneStatement(u"T"_s, u"L1"_s, u"A1"_s),
-                 u"update Zhang Set ZBID='T'  where ZBID='L1' and ID='A1'"_s);
-        QCOMPARE(DeleteTombstoneStatement(u"T"_s, u"L1"_s, u"A1"_s),
-                 u"update Zhang Set ZBID='T' where ZBID='L1' and ID='A1'"_s);
-        QCOMPARE(
-            InsertEntryStatement(u"L1"_s, u"张三"_s, u"08:30"_s, u"7"_s, u"螺丝"_s, -0.125, {}),
-            u"insert into Zhang (ZBID,USR,TM,ID,ITEM,SL,BZ) values ('L1','张三','08:30','7','螺丝',-0.125,'')"_s);
-        QCOMPARE(IdCheckStatement(u"L"_s, u"A"_s),
-                 u"select ID from Zhang where ZBID= like  '%L%' and ID='A'"_s);
     }
 };
 

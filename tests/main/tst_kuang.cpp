@@ -14,15 +14,13 @@
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
-#include <QTimer>
 
 using namespace lanzhou;
 using namespace lanzhou::test;
 using namespace Qt::StringLiterals;
 
 namespace {
-const QString kDenied = u"对不起，您无此权限！"_s;
-const QStringList kRetry{u"提示"_s, u"连接服务器失败，请重试！"_s};
+const QStringList kRetry{u"提示"_s, kRetryText};
 
 QString setting(const Settings& settings, const QString& section, const QString& key)
 {
@@ -50,14 +48,6 @@ void checkAsked(const TestContext& t, const QString& text, DialogIcon icon)
     QCOMPARE(asked.defaultAnswer, DialogAnswer::No);
 }
 
-// The ledger as the only, last opened entry of the local list, read against a known server date.
-void rememberLedger(TestContext& t, const QString& id, const QString& name)
-{
-    RememberLedger(t.settings, id, name);
-    t.session.serverDateText = u"2026-11-15"_s;
-    t.session.serverDateDay = 15;
-}
-
 // A ledger row on the server with one operator, remembered in the local list.
 void prepareLedger(TestContext& t, const QString& id, const QString& name, const QString& op = u"管理员"_s,
                    const QString& password = QString(), const QString& rights = QString())
@@ -66,17 +56,7 @@ void prepareLedger(TestContext& t, const QString& id, const QString& name, const
            u"('%1','%2','物品','存量','自已注册','2026-11-15','','','','您好！')"_s.arg(id, name));
     t.exec(u"insert into UsrLst (ZBID,Usr,PWD,QX) values ('%1','%2','%3',%4)"_s.arg(
         id, op, password, rights.isNull() ? u"NULL"_s : u'\'' + rights + u'\''));
-    rememberLedger(t, id, name);
-}
-
-// Runs `steps` on the modal window that the next action opens.
-void whenModal(const std::function<void(const WindowDriver&)>& steps)
-{
-    QTimer::singleShot(0, [steps] {
-        QWidget* dialog = QApplication::activeModalWidget();
-        QVERIFY(dialog);
-        steps(WindowDriver(dialog));
-    });
+    RememberLedger(t, id, name);
 }
 
 // Registers a ledger of goods from the list's add entry (named, or with the proposed name) and
@@ -93,8 +73,7 @@ void registerLedger(TestContext& t, const KuangDriver& d, const QString& id, con
         z.click(u"Cmd_3"_s);
         if (!name.isEmpty())
             z.type(u"TxtZbNm"_s, name);
-        for (const QString& button : {u"Cmd_5"_s, u"Opt_1"_s, u"Cmd_0"_s})
-            z.click(button);
+        z.act(u"Cmd_5;Opt_1;Cmd_0"_s);
     });
     d.pick(u"CmbZbNm"_s, LedgerList::addEntryText());
 }
@@ -110,9 +89,8 @@ private slots:
     void ledgerList_data() { addBackendRows(); }
     void ledgerList()
     {
-        QFETCH(QString, backend);
-        TestContext t(backend);
-        rememberLedger(t, u"A1"_s, u"甲"_s);
+        TestContext t(rowBackend());
+        RememberLedger(t, u"A1"_s, u"甲"_s);
         const QStringList more{u"#坏"_s, u"ab@x.cn#乙"_s, u"C3#丙"_s};
         for (int i = 0; i < more.size(); ++i)
             t.settings.write(AppConstants::settingsApp(), u"FR"_s, QString::number(i + 1) + u'Z', more.at(i));
@@ -153,16 +131,8 @@ private slots:
         d.post();
         QCOMPARE(d.text(u"labHello"_s) + fr(t, u"AutoLogin"_s), u"您好！，管理员0"_s);
 
-        // Enter in the quantity box posts the movement as the operator, at the server's date.
-        d.type(u"Cmb"_s, u"螺丝"_s);
-        d.type(u"Txt"_s, u"10"_s);
-        d.press(u"Txt"_s, Qt::Key_Return);
-        QVERIFY(d.w<QLabel>(u"Lab5"_s)->isVisible());
-        QCOMPARE(d.text(u"Lab5"_s) + d.text(u"Lab4"_s) + d.text(u"Txt"_s), u"+10  已保存！当前存量：10"_s);
-        QCOMPARE(t.text(u"select USR,TM,ID,ITEM,BZ from Zhang where ZBID='13800000001'"_s),
-                 u"管理员|2026-11-15 09:05|N11153273025|螺丝|"_s);
-        d.enter(u"螺丝"_s, u"-5 计划外"_s);
-        QCOMPARE(d.text(u"Lab4"_s), u"当前存量：5"_s);
+        d.enter(u"螺丝"_s, u"+10"_s);
+        QCOMPARE(d.text(u"Lab4"_s), u"当前存量：10"_s);
         d.type(u"Txt"_s, u"-"_s);
         saveScreenshot(d.window(), u"entry.png"_s);
     }
@@ -171,8 +141,7 @@ private slots:
     void openingAnswers_data() { addBackendRows(); }
     void openingAnswers()
     {
-        QFETCH(QString, backend);
-        TestContext t(backend);
+        TestContext t(rowBackend());
         prepareLedger(t, u"L9"_s, u"通知账本"_s);
         t.exec(u"delete from UsrLst where ZBID='L9'"_s);
         t.exec(u"update Zblst set Cmd='notice', Msg='今晚维护' where ZBid='L9'"_s);
@@ -184,11 +153,6 @@ private slots:
         QCOMPARE(t.text(u"select Usr,PWD from UsrLst where ZBID='L9'"_s), u"管理员|"_s);
 
         d.click(u"Chk"_s);
-        t.setServerDown(true);
-        d.post();
-        QCOMPARE(lastMessage(t), kRetry);
-        QCOMPARE(d.panel(), Kuang::LoginPanel);
-        t.setServerDown(false);
         d.post();
         QCOMPARE(t.dialogs.lastText(),
                  u"管理员，您好！您还没有设置密码！\n只有设置密码后才可以设置自动登入！"_s);
@@ -202,7 +166,7 @@ private slots:
         };
         t.exec(u"update Zblst set Msg='http://example.com/notice' where ZBid='L9'"_s);
         reopen();
-        QCOMPARE(t.dialogs.shown().size(), 3);
+        QCOMPARE(t.dialogs.shown().size(), 2);
         // An address as the command opens once: the server's date replaces it.
         t.exec(u"update Zblst set Cmd='Http://example.com/once', Msg='' where ZBid='L9'"_s);
         reopen();
@@ -231,8 +195,7 @@ private slots:
     void passwordsAndRemembering_data() { addBackendRows(); }
     void passwordsAndRemembering()
     {
-        QFETCH(QString, backend);
-        TestContext t(backend);
+        TestContext t(rowBackend());
         prepareLedger(t, u"L1"_s, u"甲账本"_s, u"张三"_s, u"Secret"_s, u"1000"_s);
         KuangDriver d(t.context());
         d.press(u"CmbZbNm"_s, Qt::Key_Return); // Enter opens the ledger as the post button does
@@ -248,6 +211,16 @@ private slots:
         QVERIFY(!d.w<QCheckBox>(u"Chk"_s)->isChecked());
         d.click(u"Chk2"_s);
         d.type(u"TxtPwd"_s, u"Secret"_s);
+        // Another tool took the entries away: a login whose items cannot be read stays on its panel as it
+        // was and remembers nothing.
+        t.alter({u"alter table Zhang rename to Away"_s});
+        d.post();
+        QCOMPARE(lastMessage(t), kRetry);
+        QCOMPARE(QString::number(d.panel()) + d.text(u"TxtPwd"_s) + fr(t, u"L1"_s) +
+                     setting(t.settings, u"FR"_s, u"张三#L1"_s),
+                 QString::number(Kuang::LoginPanel) + u"Secret"_s);
+        QVERIFY(d.w<QLabel>(u"labHello"_s)->isHidden() && d.w<QCheckBox>(u"Chk2"_s)->isChecked());
+        t.alter({u"alter table Away rename to Zhang"_s});
         d.press(u"TxtPwd"_s, Qt::Key_Return);
         QCOMPARE(t.session.rights(), u"1000111111111111"_s);
         QCOMPARE(
@@ -289,15 +262,15 @@ private slots:
         QCOMPARE(t.session.operatorName() + QString::number(next.panel()), u"管理员2"_s);
     }
 
-    // Quick entry: rights, refusals, a server gone, cleaning, the quantity line and the reports.
+    // Quick entry: rights, refusals, cleaning, the item box, the quantity line and the reports.
     void quickEntry_data() { addBackendRows(); }
     void quickEntry()
     {
-        QFETCH(QString, backend);
-        TestContext t(backend);
+        TestContext t(rowBackend());
         prepareLedger(t, u"L1"_s, u"甲"_s, u"管理员"_s, QString(), u"100110"_s);
-        t.exec(u"insert into Zhang (ZBID,USR,TM,ID,ITEM,SL,BZ) values "
-               u"('L1','管理员','2026-11-01 08:00','N11010000001','垫片',7.5,'')"_s);
+        t.exec(
+            u"insert into Zhang (ZBID,USR,TM,ID,ITEM,SL,BZ) values "
+            u"('L1','管理员','2026-11-01 08:00','N11010000001','垫片',7.5,''),('L1','x','','E1','screw',40,'')"_s);
         KuangDriver d(t.context());
         d.logIn();
         const auto relogin = [&t, &d](const QString& rights) {
@@ -308,29 +281,10 @@ private slots:
         d.enter(u"螺丝"_s, u"+5"_s);
         QCOMPARE(lastMessage(t), (QStringList{u"提示"_s, u"对不起，您没有【记账】的权限！"_s}));
         QCOMPARE(d.text(u"Txt"_s), u"+5"_s);
-        // Rights 5, 6 and 7 refused: no report window opens.
-        relogin(u"1001000"_s);
-        t.dialogs.clear();
-        const QList<std::pair<QString, QString>> reports{
-            {u"Menu_JxcMx"_s, u"MxLst"_s}, {u"Menu_JxcHZ"_s, u"HzLst"_s}, {u"Menu_SumSL"_s, u"KcLst"_s}};
-        QString captions;
-        for (const auto& [entry, window] : reports) {
-            d.chooseMenu(u"CmdRpt"_s, entry);
-            captions += d.w<QAction>(entry)->text();
-            QVERIFY(d.kuang->findChildren<QWidget*>(window).isEmpty());
-        }
-        QCOMPARE(t.dialogs.texts(), QStringList(3, kDenied));
-        QCOMPARE(captions, u"物品流水账物品汇总表物品存量表"_s);
         relogin(u"1101"_s);
         d.enter(u"螺丝"_s, u"-5"_s);
         QCOMPARE(lastMessage(t), (QStringList{QString(), u"对不起，您只能记录存量增加的账目！"_s}));
-
-        // A post the server never got does not show as saved.
-        t.setServerDown(true);
         d.enter(u"螺丝"_s, u"+3 到货"_s);
-        QVERIFY(!d.w<QLabel>(u"Lab5"_s)->isVisible());
-        t.setServerDown(false);
-        d.post();
 
         // Enter in the item box moves on to the quantity box; typed digits get their sign.
         relogin(u"1111"_s);
@@ -345,7 +299,8 @@ private slots:
         QCOMPARE(items->itemText(items->count() - 1), u"its 𠀀😀，大|-号"_s);
         d.enter(u"垫片"_s, u"-2 长"_s);
         // Refused posts wrote nothing; what was posted is stored cleaned.
-        QCOMPARE(t.rows(u"select ITEM,BZ from Zhang where ZBID='L1' and ID<>'N11010000001' order by SL"_s),
+        QCOMPARE(t.rows(u"select ITEM,BZ from Zhang where ZBID='L1' and USR<>'x' and ID<>'N11010000001' "
+                        u"order by SL"_s),
                  (QList<QStringList>{{u"垫片"_s, u"长"_s},
                                      {u"its 𠀀😀，大|-号"_s, u"备注甲，乙丙-丁"_s},
                                      {u"螺丝"_s, u"到货"_s}}));
@@ -373,7 +328,9 @@ private slots:
         QCOMPARE(d.text(u"Lab4"_s), u"当前存量：7.5"_s);
 
         // Each report opens once, in a window of its own, however often it is asked for.
-        for (const auto& [entry, window] : reports) {
+        for (const auto& [entry, window] : {std::pair{u"Menu_JxcMx"_s, u"MxLst"_s},
+                                            {u"Menu_JxcHZ"_s, u"HzLst"_s},
+                                            {u"Menu_SumSL"_s, u"KcLst"_s}}) {
             for (int twice = 0; twice < 2; ++twice) {
                 d.chooseMenu(u"CmdRpt"_s, entry);
                 d.activate();
@@ -382,6 +339,23 @@ private slots:
             QCOMPARE(opened.size(), 1);
             QVERIFY(opened.first()->isVisible() && opened.first()->isWindow());
         }
+
+        // The item is exactly the typed text; leaving the box matches a whole item in any letter case,
+        // and a new item starts its running total afresh. Destroying the window while the box holds an
+        // item's text and the focus runs none of its handlers.
+        d.activate();
+        d.type(u"Cmb"_s, u"SCREW"_s);
+        d.press(u"Cmb"_s, Qt::Key_Tab);
+        QCOMPARE(d.text(u"Lab4"_s), u"当前存量：40"_s);
+        d.type(u"Cmb"_s, u"scr"_s);
+        d.press(u"Cmb"_s, Qt::Key_Tab);
+        QCOMPARE(d.text(u"Cmb"_s) + d.text(u"Lab4"_s), u"scr新物品"_s);
+        d.act(u"Txt=+3;Cmd"_s);
+        QCOMPARE(d.text(u"Lab4"_s), u"当前存量：3"_s);
+        d.type(u"Cmb"_s, u"scr"_s);
+        d.kuang.reset();
+        QCOMPARE(t.text(u"select ITEM,SL from Zhang where ITEM like 'scr%' order by SL"_s),
+                 u"scr|3;screw|40"_s);
     }
 
     // The ledger menu, each entry behind its right, and the help menu; one's own rights saved take
@@ -389,8 +363,7 @@ private slots:
     void menusAndTray_data() { addBackendRows(); }
     void menusAndTray()
     {
-        QFETCH(QString, backend);
-        TestContext t(backend);
+        TestContext t(rowBackend());
         prepareLedger(t, u"L1"_s, u"五金仓库"_s);
         KuangDriver d(t.context());
         d.logIn();
@@ -408,7 +381,7 @@ private slots:
         // the old name everywhere.
         const auto rename = [&d](const QString& name) {
             whenModal([name](const WindowDriver& z) {
-                z.type(u"TxtZbNm"_s, name);
+                z.act(u"TxtZbNm="_s + name);
                 z.press(u"TxtZbNm"_s, Qt::Key_Return);
             });
             d.chooseMenu(u"CmdMenu"_s, u"Menu_ReName"_s);
@@ -425,45 +398,41 @@ private slots:
                  u"总仓s，1 - 岚舟云记账软件L1#总仓s，1"_s);
 
         // New labels show at once in the captions and the hint.
-        whenModal([](const WindowDriver& z) {
-            z.click(u"Opt_0"_s);
-            z.click(u"Cmd_0"_s);
-        });
+        whenModal([](const WindowDriver& z) { z.act(u"Opt_0;Cmd_0"_s); });
         d.chooseMenu(u"CmdMenu"_s, u"Menu_ZbTyp"_s);
         QCOMPARE(t.text(u"select Item,SL from ZbLst where ZBid='L1'"_s), u"账户|余额"_s);
         QCOMPARE(d.text(u"Lab1"_s) + d.text(u"Lab2"_s), u"账户余额增减"_s);
         QVERIFY(d.text(u"Lab3"_s).startsWith(u"    请输入或选择账户，然后输入余额变动情况。"_s));
 
-        // Rename, type and operators need right 1, the password right 14, the announcement right 16.
+        // Rename, type and operators need right 1, the password right 14, the announcement right 16, the
+        // balance list right 5, the journal 6 and the summary 7. The report entries carry the labels.
         t.dialogs.clear();
-        const QString one = u"0"_s, fourteen = u"1111111111111011"_s, sixteen = u"1111111111111110"_s;
-        for (const auto& [rights, entry] : {std::pair{one, u"Menu_ReName"_s},
-                                            {one, u"Menu_ZbTyp"_s},
-                                            {one, u"Menu_Guanli"_s},
-                                            {fourteen, u"Menu_ReSetPwd"_s},
-                                            {sixteen, u"Menu_GongGao"_s}}) {
+        QString captions;
+        for (const auto& [right, menu, entry] : {std::tuple{1, u"CmdMenu"_s, u"Menu_ReName"_s},
+                                                 {1, u"CmdMenu"_s, u"Menu_ZbTyp"_s},
+                                                 {1, u"CmdMenu"_s, u"Menu_Guanli"_s},
+                                                 {14, u"CmdMenu"_s, u"Menu_ReSetPwd"_s},
+                                                 {16, u"CmdMenu"_s, u"Menu_GongGao"_s},
+                                                 {5, u"CmdRpt"_s, u"Menu_SumSL"_s},
+                                                 {6, u"CmdRpt"_s, u"Menu_JxcMx"_s},
+                                                 {7, u"CmdRpt"_s, u"Menu_JxcHZ"_s}}) {
+            QString rights(Rights::count, u'1');
+            rights[right - 1] = u'0';
             t.session.setRights(rights);
-            d.chooseMenu(u"CmdMenu"_s, entry);
+            d.chooseMenu(menu, entry);
+            captions += menu == u"CmdRpt"_s ? d.w<QAction>(entry)->text() : QString();
         }
-        QCOMPARE(t.dialogs.texts(), QStringList(5, kDenied));
+        QCOMPARE(t.dialogs.texts(), QStringList(8, kNoRightText));
+        QCOMPARE(captions, u"账户余额表账户流水账账户汇总表"_s);
         t.session.setRights(QString());
         t.dialogs.clear();
-        whenModal([](const WindowDriver& g) {
-            g.click(u"Cmd_2"_s);
-            g.click(u"Chk_13"_s);
-            g.click(u"Cmd_0"_s);
-            g.click(u"Cmd_1"_s);
-        });
+        whenModal([](const WindowDriver& g) { g.act(u"Cmd_2;Chk_13;Cmd_0;Cmd_1"_s); });
         d.chooseMenu(u"CmdMenu"_s, u"Menu_Guanli"_s);
         d.chooseMenu(u"CmdMenu"_s, u"Menu_ReSetPwd"_s);
-        QCOMPARE(t.dialogs.texts(), (QStringList{u"保存成功！"_s, kDenied}));
+        QCOMPARE(t.dialogs.texts(), (QStringList{u"保存成功！"_s, kNoRightText}));
         QCOMPARE(t.text(u"select QX from UsrLst where ZBID='L1'"_s), u"1111111111111011"_s);
 
-        whenModal([](const WindowDriver& g) {
-            typeText(g.w<QWidget>(u"Txt"_s), u"今晚盘点"_s);
-            g.click(u"Lab_1"_s);
-            g.click(u"Cmd_0"_s);
-        });
+        whenModal([](const WindowDriver& g) { g.act(u"Txt=今晚盘点;Lab_1;Cmd_0"_s); });
         d.chooseMenu(u"CmdMenu"_s, u"Menu_GongGao"_s);
         const Announcement published = Announcement::Parse(t.text(u"select GongGao from ZbLst"_s));
         QCOMPARE(published.text, u"今晚盘点"_s);
@@ -477,7 +446,7 @@ private slots:
             QVERIFY(b.w<QLabel>(u"Lab3"_s)->styleSheet().contains(published.colour.name()));
         }
         d.activate();
-        whenModal([](const WindowDriver& g) { g.click(u"Cmd_2"_s); });
+        whenModal([](const WindowDriver& g) { g.act(u"Cmd_2"_s); });
         d.chooseMenu(u"CmdMenu"_s, u"Menu_GongGao"_s);
         QVERIFY(d.text(u"Lab3"_s).startsWith(u"    请输入或选择账户"_s));
         QCOMPARE(t.text(u"select GongGao from ZbLst"_s), QString());
@@ -514,59 +483,6 @@ private slots:
         QCOMPARE(ending.count(), 1);
         QVERIFY(!t.shell.trayVisible);
         QCOMPARE(d.panel(), Kuang::EntryPanel);
-    }
-
-    // The item is exactly the typed text; leaving the box matches a whole item in any letter case, and a
-    // new item starts its running total afresh. Destroying the window while the box holds an item's text
-    // and the focus runs none of its handlers.
-    void itemBoxTakesTheTypedText()
-    {
-        TestContext t;
-        prepareLedger(t, u"L1"_s, u"五金仓库"_s);
-        t.exec(u"insert into Zhang (ZBID,USR,TM,ID,ITEM,SL,BZ) values ('L1','x','','E1','screw',40,'')"_s);
-        KuangDriver d(t.context());
-        d.logIn();
-        d.type(u"Cmb"_s, u"SCREW"_s);
-        d.press(u"Cmb"_s, Qt::Key_Tab);
-        QCOMPARE(d.text(u"Lab4"_s), u"当前存量：40"_s);
-        d.type(u"Cmb"_s, u"scr"_s);
-        d.press(u"Cmb"_s, Qt::Key_Tab);
-        QCOMPARE(d.text(u"Cmb"_s) + d.text(u"Lab4"_s), u"scr新物品"_s);
-        d.type(u"Txt"_s, u"+3"_s);
-        d.post();
-        QCOMPARE(d.text(u"Lab4"_s), u"当前存量：3"_s);
-        d.type(u"Cmb"_s, u"scr"_s);
-        d.kuang.reset();
-        QCOMPARE(t.text(u"select ITEM,SL from Zhang order by SL"_s), u"scr|3;screw|40"_s);
-    }
-
-    // Another tool renames a table, then takes the embedded file away: a login whose items cannot be read
-    // stays on its panel as it was, remembering nothing; a post fails, and no empty file takes its place.
-    void embeddedFileChangedUnderneath()
-    {
-        TestContext t;
-        prepareLedger(t, u"L1"_s, u"五金仓库"_s, u"张三"_s, u"pw"_s);
-        const QString file = t.db->config().server.plain();
-        KuangDriver d(t.context());
-        d.post();
-        d.type(u"TxtPwd"_s, u"pw"_s);
-        d.click(u"Chk2"_s);
-        t.alter({u"alter table Zhang rename to Away"_s});
-        d.post();
-        QCOMPARE(lastMessage(t), kRetry);
-        QCOMPARE(d.panel(), Kuang::LoginPanel);
-        QVERIFY(d.w<QLabel>(u"labHello"_s)->isHidden() && d.w<QCheckBox>(u"Chk2"_s)->isChecked());
-        QCOMPARE(d.text(u"TxtPwd"_s) + fr(t, u"L1"_s) + setting(t.settings, u"FR"_s, u"张三#L1"_s), u"pw"_s);
-        t.alter({u"alter table Away rename to Zhang"_s});
-        d.post();
-        QCOMPARE(setting(t.settings, u"FR"_s, u"张三#L1"_s), u"pw"_s);
-
-        for (const QString& suffix : {QString(), u"-wal"_s, u"-shm"_s})
-            QFile::remove(file + suffix);
-        d.enter(u"螺丝"_s, u"+1"_s);
-        QCOMPARE(lastMessage(t), kRetry);
-        QCOMPARE(d.text(u"Txt"_s), u"+1"_s);
-        QVERIFY(!QFile::exists(file));
     }
 };
 

@@ -1,8 +1,10 @@
 #include "QuickEntryRules.h"
+#include "TestContext.h"
 
 #include <QTest>
 
 using namespace lanzhou;
+using namespace lanzhou::test;
 using namespace Qt::StringLiterals;
 
 // The widget-free rules of quick entry: entry IDs, the automatic sign and the posting checks.
@@ -21,8 +23,7 @@ private slots:
 
     void automaticSign_data()
     {
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<QString>("shown");
+        addTextColumns({"typed", "shown"});
         QTest::newRow("digit") << u"5"_s << u"+5"_s;
         QTest::newRow("blanks before digit") << u"  12 箱"_s << u"+12 箱"_s;
         QTest::newRow("point") << u".5"_s << u"+0.5"_s;
@@ -33,8 +34,7 @@ private slots:
     void automaticSign()
     {
         QFETCH(QString, typed);
-        QFETCH(QString, shown);
-        QCOMPARE(WithAutomaticSign(typed), shown);
+        QTEST(WithAutomaticSign(typed), "shown");
     }
 
     void splitQuantity_data()
@@ -61,11 +61,7 @@ private slots:
 
     void postingChecks_data()
     {
-        QTest::addColumn<QString>("rights");
-        QTest::addColumn<QString>("item");
-        QTest::addColumn<QString>("quantity");
-        QTest::addColumn<QString>("refusal");
-        QTest::addColumn<QString>("title");
+        addTextColumns({"rights", "item", "quantity", "refusal", "title"});
         const QString all = u"1111111111111111"_s;
         const QString tip = u"提示"_s;
         const QString format = u"请在存量增减栏输入数字，备注信息请放在数字之后，并用空格隔开！"_s;

@@ -7,12 +7,10 @@
 #include "TestContext.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QRegularExpression>
 #include <QTest>
-#include <QTimer>
 
 using namespace Qt::StringLiterals;
 
@@ -76,8 +74,7 @@ void BadRowsTest::badRows()
     t.settings.write(app, u"FR"_s, u"0Z"_s, u"B1#坏行账本"_s);
     t.settings.write(app, u"FR"_s, u"1Z"_s, u"B2#无标签账本"_s);
     t.settings.write(app, u"ZBID"_s, u"FR"_s, u"B2"_s);
-    t.session.serverDateText = u"2026-11-15"_s;
-    t.session.serverDateDay = 15;
+    t.knowServerDate();
 
     KuangDriver d(t.context());
 
@@ -112,17 +109,14 @@ void BadRowsTest::badRows()
     // hours listed as stored, a NULL item its own group; the empty time counts before the period.
     d.chooseMenu(u"CmdRpt"_s, u"Menu_JxcMx"_s);
     WindowDriver j(d.window()->findChild<QWidget*>(u"MxLst"_s));
-    j.pick(u"Cmb_2"_s, u"01"_s);
-    j.click(u"Cmd_0"_s);
+    j.act(u"Cmb_2=01;Cmd_0"_s);
     const QString byItem = QStringList{entryLine(j, u"R1"_s), entryLine(j, u"R5"_s), entryLine(j, u"R6"_s),
                                        CellTexts(j.lines(u"Lst"_s).value(j.lines(u"Lst"_s).size() - 3))}
                                .join(u'\n');
     CHECK_EQUAL(byItem, u"甲|2026-11-02 08:00|螺丝|0||3|空数量\n甲|2026-11-03|螺丝|5||8|无时刻\n"
                         "甲|2026-11-04 10:00||6||6|无物品\n||合计：|22|2|23|"_s);
     // By time up to next year: the slashed time sorts after every dashed one and is listed as stored.
-    j.pick(u"CmbSort"_s, u"时间"_s);
-    j.pick(u"Cmb2_0"_s, u"2027"_s);
-    j.click(u"Cmd_0"_s);
+    j.act(u"CmbSort=时间;Cmb2_0=2027;Cmd_0"_s);
     const QStringList ids = j.lines(u"Lst2"_s);
     CHECK_EQUAL(ids.filter(u"R"_s).join(u' ') + u'|' + entryLine(j, u"R2"_s),
                 u"R1 R5 R6 R7 R2|甲|2026/11/1|螺丝|2||斜线"_s);
@@ -158,8 +152,7 @@ void BadRowsTest::badRows()
     // The operators: "1" grants, anything else refuses; a long string shows its first 16 positions.
     d.activate();
     QString boxes;
-    QTimer::singleShot(0, [&boxes] {
-        WindowDriver g(QApplication::activeModalWidget());
+    whenModal([&boxes](const WindowDriver& g) {
         for (int row : {1, 2}) {
             g.clickLine(u"Lst"_s, row);
             for (int i = 0; i < 16; ++i)

@@ -35,7 +35,6 @@ namespace {
 // Every hostile text carries a statement of its own that adds a marker ledger "pwn": should any
 // text end its quoted value, the marker row shows it.
 const QString kBreakOut = u"'; insert into ZbLst (ZBid,ZbNm) values ('pwn','pwn');--"_s;
-const QString kNoData = u"没有符合条件的数据！"_s;
 
 struct Payload
 {
@@ -108,25 +107,6 @@ void submit(const WindowDriver& d, const QList<std::pair<QString, QString>>& box
     d.click(button);
 }
 
-// A window of the program, shown, with its driver.
-template <class W> struct Shown : WindowDriver
-{
-    template <class... A> explicit Shown(A&&... args) : window(std::forward<A>(args)...)
-    {
-        window.show();
-        setWindow(&window);
-    }
-    W window;
-};
-
-// The ledger as the last one opened on this computer, read against a known server date.
-void rememberLedger(TestContext& t, const QString& id, const QString& name)
-{
-    RememberLedger(t.settings, id, name);
-    t.session.serverDateText = u"2026-11-15"_s;
-    t.session.serverDateDay = 15;
-}
-
 // The visible entry IDs of the journal, sorted, joined by blanks.
 QString listedIds(const WindowDriver& j)
 {
@@ -151,10 +131,10 @@ QString reportFigures(const WindowDriver& d, int firstDataLine)
     return figures.join(u';');
 }
 
-// One backend's run: a canary ledger that nothing may touch, and the failed checks.
+// The data row's run: a canary ledger that nothing may touch, and the failed checks.
 struct Run
 {
-    explicit Run(const QString& backend) : t(backend)
+    Run() : t(rowBackend())
     {
         t.exec(u"insert into Zblst (ZBid,ZbNm,Item,SL,Bz,BgDate,NdDate,MB,SalesMan,Msg) values "
                "('K9','金丝雀','物品','存量','自已注册','2026-11-01','','','','您好！')"_s);
@@ -163,7 +143,7 @@ struct Run
                "('K9','管理员','2026-11-15 08:00','K1','螺丝',5,'备注')"_s);
         canaryBefore = canary();
         // Sessions start with backslashes taken literally, whatever the server's default.
-        if (backend != u"sqlite"_s)
+        if (t.backendName != u"sqlite"_s)
             compare(u"session"_s, t.db->RunScalar(u"select current_setting('standard_conforming_strings')"_s),
                     u"on"_s, u"backslashes in quoted values"_s);
     }
@@ -199,11 +179,12 @@ struct Run
                 canaryBefore + u"00"_s, u"the canary ledger and no marker rows"_s);
     }
     // What the dialogs showed since the last call, joined by "/".
-    QString said()
+    QString said() { return t.said().join(u'/'); }
+    // The last group's canary check, then the test fails with every failed check.
+    void finish(const QString& group)
     {
-        const QString texts = t.dialogs.texts().join(u'/');
-        t.dialogs.clear();
-        return texts;
+        noBreakOut(group);
+        QVERIFY2(failures.isEmpty(), qPrintable(failures.join(u'\n')));
     }
 
     TestContext t;
@@ -213,20 +194,14 @@ struct Run
 
 } // namespace
 
-void InjectionTest::typedTexts_data()
-{
-    addBackendRows(everyServerSetting());
-}
-
 // Quick entry, then the journal's filters, the summary's and the balance list's item conditions.
 void InjectionTest::typedTexts()
 {
-    QFETCH(QString, backend);
-    Run r(backend);
+    Run r;
     TestContext& t = r.t;
     const QList<Payload>& c = kCorpus;
     t.openLedger(u"L1"_s, u"五金仓库"_s);
-    rememberLedger(t, u"L1"_s, u"五金仓库"_s);
+    RememberLedger(t, u"L1"_s, u"五金仓库"_s);
     QStringList ids, items; // each posting's entry ID and item as stored
     {
         KuangDriver k(t.context());
@@ -261,14 +236,14 @@ void InjectionTest::typedTexts()
                 matching.append(ids[e]);
         const qsizetype found = matching.size();
         submit(j, {{u"CmbItm"_s, c[i].text}});
-        r.compare(u"journal"_s, r.said() + listedIds(j), found ? matching.join(u' ') : kNoData,
+        r.compare(u"journal"_s, r.said() + listedIds(j), found ? matching.join(u' ') : kNoDataText,
                   c[i].name + u" as the item"_s);
         submit(h, {{u"CmbItm"_s, c[i].text}});
         submit(b, {{u"Cmb"_s, c[i].text}});
         r.compare(u"reports"_s,
                   r.said() + (found ? reportFigures(h, 3) : QString()) + u'/' + reportFigures(b, 2),
                   found ? u"0|1|0|1/"_s + QStringList(found, u"1"_s).join(u';')
-                        : u"账本中不存在“"_s + cleaned + u"”这个物品/"_s + kNoData + u'/',
+                        : u"账本中不存在“"_s + cleaned + u"”这个物品/"_s + kNoDataText + u'/',
                   c[i].name + u" in the summary and the balance list"_s);
     }
     // A remark typed as a filter lists the entries whose remark holds it, and only this ledger's.
@@ -276,7 +251,7 @@ void InjectionTest::typedTexts()
     for (qsizetype i = 0; i < c.size(); ++i) {
         submit(j, {{u"TxtBZ"_s, c[i].text}});
         const QString listed = listedIds(j), own = ids[(i + c.size() - 1) % c.size()], said = r.said();
-        bool ok = said.isEmpty() || (listed.isEmpty() && said == kNoData);
+        bool ok = said.isEmpty() || (listed.isEmpty() && said == kNoDataText);
         for (const QString& id : listed.split(u' ', Qt::SkipEmptyParts))
             ok = ok && ids.contains(id);
         if (t.text(u"select BZ from Zhang where ID='"_s + own + u'\'')
@@ -293,21 +268,14 @@ void InjectionTest::typedTexts()
     });
     r.compare(u"reports"_s, r.said() + reportFigures(b, 2), QStringList(holding, u"1"_s).join(u';'),
               u"a backslash in the balance list's contains mode"_s);
-    r.noBreakOut(u"reports"_s);
-    QVERIFY2(r.failures.isEmpty(), qPrintable(r.failures.join(u'\n')));
-}
-
-void InjectionTest::administration_data()
-{
-    addBackendRows(everyServerSetting());
+    r.finish(u"reports"_s);
 }
 
 // Ledger registration, operators, passwords (set, logged in with, asked by bulk delete) and the
 // announcement.
 void InjectionTest::administration()
 {
-    QFETCH(QString, backend);
-    Run r(backend);
+    Run r;
     TestContext& t = r.t;
     const QList<Payload>& c = kCorpus;
     Session s;
@@ -337,7 +305,7 @@ void InjectionTest::administration()
     r.noBreakOut(u"ledger"_s);
 
     t.openLedger(u"L1"_s, u"家庭账"_s);
-    rememberLedger(t, u"L1"_s, u"家庭账"_s);
+    RememberLedger(t, u"L1"_s, u"家庭账"_s);
     const auto storedOperator = [&t](const QString& name) {
         return t.text(u"select Usr,PWD,coalesce(QX,'') from UsrLst where ZBID='L1' and Usr='"_s +
                       SqlLiteral(name) + u'\'');
@@ -390,21 +358,14 @@ void InjectionTest::administration()
                   u"批量删除完成！0"_s, c[i].name + u" confirms a bulk delete"_s);
         r.said();
     }
-    r.noBreakOut(u"passwords"_s);
-    QVERIFY2(r.failures.isEmpty(), qPrintable(r.failures.join(u'\n')));
-}
-
-void InjectionTest::storedTexts_data()
-{
-    addBackendRows(everyServerSetting());
+    r.finish(u"passwords"_s);
 }
 
 // The texts as another client stored them, one ledger each: its name, labels and announcement, its
 // operator and his password, an item with its remark; then used by the program.
 void InjectionTest::storedTexts()
 {
-    QFETCH(QString, backend);
-    Run r(backend);
+    Run r;
     TestContext& t = r.t;
     QList<Payload> c = kCorpus;
     c.removeIf([](const Payload& p) { return p.text.contains(QChar(0)); });
@@ -424,7 +385,7 @@ void InjectionTest::storedTexts()
                 .arg(id, q, qOther, qSecond));
 
         // The ledger opens; its operator logs in with his password and sees the announcement.
-        rememberLedger(t, id, text);
+        RememberLedger(t, id, text);
         KuangDriver k(t.context());
         k.post();
         k.pick(u"CmbUser"_s, text);
@@ -464,7 +425,7 @@ void InjectionTest::storedTexts()
             j.clickLine(u"Lst"_s, row);
             j.click(u"Cmd_4"_s);
         }
-        MxEd* editor = j.window.findChild<MxEd*>();
+        MxEd* editor = j->findChild<MxEd*>();
         if (r.check(u"journal"_s, editor && editor->isVisible(), name + u" entry opens in the editor"_s)) {
             WindowDriver(editor).click(u"Cmd_0"_s);
             r.compare(
@@ -487,10 +448,7 @@ void InjectionTest::storedTexts()
         // The second operator's rights are read, saved and he is removed, by his stored name.
         {
             Shown<UsrGL> g(t.context());
-            g.clickLine(u"Lst"_s, 2);
-            g.click(u"Cmd_2"_s);
-            g.click(u"Chk_1"_s);
-            g.click(u"Cmd_0"_s);
+            g.act(u"Lst@2;Cmd_2;Chk_1;Cmd_0"_s);
             const QString saved =
                 t.text(u"select QX from UsrLst"_s + ledger + u" and Usr='"_s + qSecond + u'\'');
             g.click(u"Cmd_0"_s);
@@ -510,8 +468,7 @@ void InjectionTest::storedTexts()
                   u"批量删除完成！0"_s, name + u" confirms a bulk delete"_s);
         r.said();
     }
-    r.noBreakOut(u"stored"_s);
-    QVERIFY2(r.failures.isEmpty(), qPrintable(r.failures.join(u'\n')));
+    r.finish(u"stored"_s);
 }
 
 // The ledger window's boxes count characters, not UTF-16 units: a character outside the basic plane

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "TestContext.h"
+
 #include <QObject>
 
 namespace lanzhou::test {
@@ -11,11 +13,11 @@ class InjectionTest : public QObject
 {
     Q_OBJECT
 private slots:
-    void typedTexts_data();
+    void typedTexts_data() { addBackendRows(everyServerSetting()); }
     void typedTexts();
-    void administration_data();
+    void administration_data() { addBackendRows(everyServerSetting()); }
     void administration();
-    void storedTexts_data();
+    void storedTexts_data() { addBackendRows(everyServerSetting()); }
     void storedTexts();
     void characterLimits();
 };

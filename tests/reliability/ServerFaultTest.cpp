@@ -1,14 +1,18 @@
-// The server fails under the windows: down when a ledger opens, stopped and started between two
-// posts, hung, holding a lock, killed in the middle of a listing; and a busy journal is closed. Each
-// fault ends in the system's message within fifteen seconds, leaves the window ready for a retry
-// that works, and loses or doubles no row.
-#include "AppConstants.h"
+// The server fails under the windows: down under each window's statement, stopped and started
+// between two posts, hung, holding a lock, killed in the middle of a listing; and a busy journal is
+// closed. Each fault ends in the system's message within fifteen seconds,
+// leaves the window ready for a retry that works, and loses or doubles no row.
 #include "Figures.h"
+#include "GongGao.h"
 #include "JournalOpener.h"
+#include "KcLst.h"
 #include "KuangDriver.h"
+#include "LedgerList.h"
 #include "MxLst.h"
 #include "ServerRelay.h"
 #include "TestContext.h"
+#include "UsrGL.h"
+#include "ZbTyp.h"
 
 #include <QElapsedTimer>
 #include <QPointer>
@@ -31,8 +35,8 @@ namespace {
 // The statement limit the faults run with: short, so that the suite stays quick.
 constexpr int testLimitMs = 1500;
 constexpr qint64 boundMs = 15000;
-const QString retry = u"连接服务器失败，请重试！"_s;
-const QString noData = u"没有符合条件的数据！"_s;
+const QString& retry = kRetryText;
+const QString& noData = kNoDataText;
 
 // Counts the check among the figures of the test and backend, then fails the test when it failed.
 #define FAULT_CHECK(ok) QVERIFY2(Figures::count(f.test, f.t.backendName, (ok)), #ok)
@@ -49,8 +53,7 @@ struct Fault
             t.pointAt(relay->port());
         }
         t.openLedger(u"L1"_s, u"五金仓库"_s);
-        t.session.serverDateText = u"2026-11-15"_s;
-        t.session.serverDateDay = 15;
+        t.knowServerDate();
     }
     // The server is killed, or started again; SQLite's file goes out of reach and back.
     void setDown(bool down)
@@ -86,7 +89,7 @@ struct Fault
     // The main window, remembering ledger L1.
     KuangDriver& mainWindow()
     {
-        RememberLedger(t.settings, u"L1"_s, u"五金仓库"_s);
+        RememberLedger(t, u"L1"_s, u"五金仓库"_s);
         return window.emplace(t.context());
     }
     bool loggedIn()
@@ -95,10 +98,37 @@ struct Fault
         return window->panel() == Kuang::EntryPanel;
     }
 
+    // One of the program's windows on the fault's context, shown.
+    QWidget* open(const QString& name)
+    {
+        const AppContext c = t.context();
+        if (name == u"Kuang"_s)
+            RememberLedger(t, u"L1"_s, u"五金仓库"_s);
+        QWidget* w = nullptr;
+        if (name == u"UsrGL"_s)
+            w = new UsrGL(c);
+        else if (name == u"GongGao"_s)
+            w = new GongGao(c, Qt::white);
+        else if (name == u"ZbTyp"_s)
+            w = new ZbTyp(c, ledgers, ZbTyp::Mode::TypeSettings);
+        else if (name == u"MxLst"_s)
+            w = new MxLst(c);
+        else if (name == u"KcLst"_s)
+            w = new KcLst(c, opener);
+        else
+            w = new Kuang(c);
+        windows.emplace_back(w);
+        w->show();
+        return w;
+    }
+
     QString test = QString::fromLatin1(QTest::currentTestFunction());
     TestContext t;
     std::optional<KuangDriver> window;
     std::unique_ptr<ServerRelay> relay;
+    LedgerList ledgers;
+    JournalOpener opener{t.context(), nullptr};
+    std::vector<std::unique_ptr<QWidget>> windows;
 };
 
 // The journal, as the main window opens it: a window of its own, gone once closed.
@@ -114,16 +144,7 @@ struct Journal : WindowDriver
 // Another session of the ledger database, holding what it took in an open transaction until it goes.
 struct LockingSession
 {
-    explicit LockingSession(const DbConfig& config)
-    {
-        const bool sqlite = config.kind == ServerKind::Sqlite;
-        QSqlDatabase db = QSqlDatabase::addDatabase(sqlite ? u"QSQLITE"_s : u"QPSQL"_s, name);
-        db.setHostName(config.server.plain());
-        db.setPort(config.port);
-        db.setUserName(config.user.plain());
-        db.setDatabaseName(sqlite ? config.server.plain() : config.database.plain());
-        db.open();
-    }
+    explicit LockingSession(const TestContext& t) { t.ownConnection(name); }
     ~LockingSession() { QSqlDatabase::removeDatabase(name); } // closing it rolls back
     bool hold(const QString& statement) const
     {
@@ -133,35 +154,29 @@ struct LockingSession
     const QString name = u"other-session"_s;
 };
 
+// The facts of the session that the windows show.
+QString facts(const Session& s)
+{
+    return QStringList{s.ledgerId(),      s.ledgerName(),           s.itemLabel(),
+                       s.quantityLabel(), s.announcement(),         s.operatorName(),
+                       s.rights(),        s.operators().join(u','), s.items().join(u',')}
+        .join(u'|');
+}
+
 } // namespace
 
 class ServerFaultTest : public QObject
 {
     Q_OBJECT
 private slots:
-    // The ledger is opened while the server is down: the opening fails with its message, the window
-    // stays on its panel, and a retry once the server is back opens it. Then the server stops between
-    // two posts: the message, the typed text stays, and the retry once it is back saves the entry once.
-    void downAtStartThenBetweenPosts_data() { addBackendRows(backends(true)); }
-    void downAtStartThenBetweenPosts()
+    // The server stops between two posts: the message, the typed text stays, and the retry once it is
+    // back saves the entry once.
+    void stoppedBetweenPosts_data() { addBackendRows(backends(true)); }
+    void stoppedBetweenPosts()
     {
-        QFETCH(QString, backend);
-        Fault f(backend);
-        f.test = u"downAtStart"_s;
-        f.setDown(true);
-        KuangDriver& d = f.mainWindow();
-        FAULT_CHECK(f.inTime([&] { d.post(); }));
-        FAULT_CHECK(f.lastMessage() == u"|连接服务器失败！"_s);
-        FAULT_CHECK(d.panel() == Kuang::OpenLedgerPanel && d.w<QWidget>(u"Cmd"_s)->isEnabled() &&
-                    d.w<QWidget>(u"CmdWait"_s)->isHidden());
-        f.setDown(false);
-        d.post();
-        FAULT_CHECK(d.panel() == Kuang::LoginPanel && f.t.dialogs.shown().size() == 1);
-
-        f.test = u"stoppedBetweenPosts"_s;
-        f.t.dialogs.clear();
-        d.post();
-        QCOMPARE(d.panel(), Kuang::EntryPanel);
+        Fault f(rowBackend());
+        QVERIFY(f.loggedIn());
+        KuangDriver& d = *f.window;
         d.enter(u"螺丝"_s, u"+5"_s);
         f.setDown(true);
         d.type(u"Txt"_s, u"-2 计划外"_s);
@@ -174,14 +189,75 @@ private slots:
         FAULT_CHECK(f.count(u"ZBID='L1'"_s) == u"2"_s && f.count(u"SL=-2 and BZ='计划外'"_s) == u"1"_s);
     }
 
+    // Each window's statement with the server down: the window's message, the window and the session
+    // exactly as they were, and a retry that goes through once the server is back. The steps as
+    // WindowDriver::act has them; a step that asks first is answered Yes.
+    void eachWindowDown_data()
+    {
+        addTextColumns({"backend", "window", "steps", "step", "message"});
+        QTest::addColumn<bool>("asks");
+        const QString failed = u"|"_s + retry, titled = u"提示|"_s + retry, listed = u"Cmd_0;Lst@5"_s;
+        for (const QString& b : backends(true)) {
+            const auto row = [&b](const char* name, const char* window, const QString& steps,
+                                  const QString& step, const QString& message, bool asks = false) {
+                QTest::newRow(qPrintable(b + u": "_s + QString::fromUtf8(name)))
+                    << b << QString::fromLatin1(window) << steps << step << message << asks;
+            };
+            row("operators: reading one", "UsrGL", {}, u"Lst@2"_s,
+                u"|连接服务器失败，未重读取张三信息！\n\n请重试！"_s);
+            row("operators: saving rights", "UsrGL", u"Lst@2;Cmd_2;Chk_15"_s, u"Cmd_0"_s, failed);
+            row("operators: deleting one", "UsrGL", u"Lst@2"_s, u"Cmd_0"_s, u"|连接服务器失败！请重试！"_s);
+            row("operators: adding one", "UsrGL", u"Cmd_3;Txt=赵六"_s, u"Cmd_0"_s, failed);
+            row("announcement: publishing", "GongGao", u"Txt=盘点"_s, u"Cmd_0"_s, failed);
+            row("announcement: clearing", "GongGao", {}, u"Cmd_2"_s, failed);
+            row("ledger type", "ZbTyp", u"Opt_0"_s, u"Cmd_0"_s,
+                u"提示|账本设置保存失败，请检查网络连接是否正常，然后重试！"_s);
+            row("journal: deleting an entry", "MxLst", listed, u"Cmd_5"_s, titled, true);
+            row("journal: opening the editor", "MxLst", listed, u"Cmd_4"_s, u"|连接服务器失败！"_s);
+            row("entry editor: saving", "MxLst", listed + u";Cmd_4;MxEd/TxtSL=-3.5"_s, u"MxEd/Cmd_0"_s,
+                titled);
+            row("balance list", "KcLst", u"Cmd_0;CmbGX2=小于"_s, u"Cmd_0"_s, titled);
+            row("main window: opening the ledger", "Kuang", {}, u"Cmd"_s, u"|连接服务器失败！"_s);
+            row("main window: logging in", "Kuang", u"Cmd"_s, u"Cmd"_s, titled);
+        }
+    }
+    void eachWindowDown()
+    {
+        QFETCH(QString, steps);
+        QFETCH(QString, step);
+        QFETCH(QString, message);
+        QFETCH(bool, asks);
+        Fault f(rowBackend());
+        f.addEntries({u"'2026-11-15 08:00','螺丝',3"_s});
+        f.t.exec(u"insert into UsrLst (ZBID,Usr,PWD,QX) values ('L1','张三','','1010')"_s);
+        f.t.session.setOperators({u"管理员"_s, u"张三"_s});
+        QFETCH(QString, window);
+        const WindowDriver d(f.open(window));
+        if (!steps.isEmpty())
+            d.act(steps);
+        const QString before = d.state(), session = facts(f.t.session);
+        const auto run = [&] {
+            f.t.dialogs.clear();
+            if (asks)
+                f.t.dialogs.queueAnswer(DialogAnswer::Yes);
+            d.act(step);
+        };
+        f.setDown(true);
+        FAULT_CHECK(f.inTime(run));
+        FAULT_CHECK(f.lastMessage() == message);
+        FAULT_CHECK(d.state() == before && facts(f.t.session) == session);
+        f.setDown(false);
+        run();
+        FAULT_CHECK(f.lastMessage() != message && (!d.window()->isVisible() || d.state() != before));
+    }
+
     // A server that takes statements and never answers: the relay hanging its links, and a listener
     // that accepts and never reads. A post and a listing each end in their message within the bound;
     // the production limit does as well.
     void hungServer_data() { addBackendRows({u"postgresql"_s, u"odbc"_s}); }
     void hungServer()
     {
-        QFETCH(QString, backend);
-        Fault f(backend);
+        Fault f(rowBackend());
         QVERIFY(f.loggedIn());
         KuangDriver& d = *f.window;
         d.enter(u"螺丝"_s, u"+5"_s);
@@ -206,7 +282,7 @@ private slots:
         f.t.pointAt(f.relay->port());
         f.relay->setMode(ServerRelay::Mode::Pass);
         int saved = 1;
-        if (backend == u"postgresql"_s) {
+        if (f.t.backendName == u"postgresql"_s) {
             // The production limit, once: a post on a link that was answering when the server hung.
             f.t.reconfigure([](DbConfig& config) { config.statementLimitMs = DbConfig().statementLimitMs; });
             d.post();
@@ -229,16 +305,15 @@ private slots:
     void lockHeld_data() { addBackendRows(backends(true)); }
     void lockHeld()
     {
-        QFETCH(QString, backend);
-        Fault f(backend);
+        Fault f(rowBackend());
         f.t.pointAt(0);
         f.addEntries({u"'2026-11-15 08:00','螺丝',3"_s});
         QVERIFY(f.loggedIn());
         KuangDriver& d = *f.window;
         Journal j(f);
-        const bool sqlite = backend == u"sqlite"_s;
+        const bool sqlite = f.t.backendName == u"sqlite"_s;
         {
-            const LockingSession other(f.t.db->config());
+            const LockingSession other(f.t);
             QVERIFY(other.hold(sqlite ? u"insert into Zhang (ZBID,ID) values ('L9','X')"_s
                                       : u"lock table Zhang in access exclusive mode"_s));
             d.type(u"Cmb"_s, u"螺丝"_s);
@@ -260,8 +335,7 @@ private slots:
     void killedDuringListing_data() { addBackendRows({u"postgresql"_s, u"odbc"_s}); }
     void killedDuringListing()
     {
-        QFETCH(QString, backend);
-        Fault f(backend);
+        Fault f(rowBackend());
         QStringList rows;
         const auto item = [](int i) { return u"件%1"_s.arg(i, 3, 10, QLatin1Char('0')); };
         for (int i = 0; i < 300; ++i)
@@ -291,8 +365,7 @@ private slots:
     void closeWhileBusy_data() { addBackendRows(backends()); }
     void closeWhileBusy()
     {
-        QFETCH(QString, backend);
-        Fault f(backend);
+        Fault f(rowBackend());
         QStringList rows;
         for (int i = 0; i < 20000; ++i)
             rows << u"'2026-11-15 %1','件%2',1"_s

@@ -25,12 +25,8 @@ const QString head = u"select id ,usr,tm,item,sl,bz  from Zhang Where ZBID='L1' 
 struct SummaryWindow
 {
     explicit SummaryWindow(const QString& backend, const QString& more = {})
-        : t(backend), context(open(t, more)), journal(context, nullptr)
-    {
-        window = std::make_unique<HzLst>(context, journal);
-        d.setWindow(window.get());
-        window->show();
-    }
+        : t(backend), journal(open(t, more), nullptr), d(t.context(), journal)
+    {}
 
     static AppContext open(TestContext& t, const QString& more)
     {
@@ -67,10 +63,8 @@ struct SummaryWindow
     bool exportEnabled() const { return d.w<QWidget>(u"Cmd_1"_s)->isEnabled(); }
 
     TestContext t;
-    AppContext context;
     JournalOpener journal;
-    std::unique_ptr<HzLst> window;
-    WindowDriver d;
+    Shown<HzLst> d;
 };
 
 } // namespace
@@ -85,10 +79,9 @@ private slots:
     void figures_data() { addBackendRows(); }
     void figures()
     {
-        QFETCH(QString, backend);
-        SummaryWindow s(backend);
+        SummaryWindow s(rowBackend());
         const WindowDriver& d = s.d;
-        QCOMPARE(s.window->windowTitle(), u"物品汇总表"_s);
+        QCOMPARE(s.d->windowTitle(), u"物品汇总表"_s);
         auto* items = d.w<QComboBox>(u"CmbItm"_s);
         QCOMPARE(items->itemText(0) + u'|' + items->itemText(1) + u'|' + QString::number(items->count()),
                  u"全部物品||7"_s);
@@ -105,7 +98,7 @@ private slots:
         for (qsizetype i = 4; i < all.size() - 2; i += 2)
             QVERIFY2(all.at(i).startsWith(QChar(0x2500)), qPrintable(all.at(i)));
         QVERIFY(s.exportEnabled() && d.w<QWidget>(u"CmdWait"_s)->isHidden());
-        saveScreenshot(s.window.get(), u"summary.png"_s);
+        saveScreenshot(s.d.window(), u"summary.png"_s);
         const QString path = s.t.dir.filePath(u"汇总.CSV"_s);
         s.t.dialogs.queueText(path);
         s.t.dialogs.queueAnswer(DialogAnswer::No);
@@ -145,7 +138,7 @@ private slots:
         s.t.setServerDown(true);
         d.click(u"Cmd_0"_s);
         s.t.setServerDown(false);
-        QCOMPARE(s.t.dialogs.texts(), QStringList{u"连接服务器失败，请重试！"_s});
+        QCOMPARE(s.t.dialogs.texts(), QStringList{kRetryText});
         QCOMPARE(s.lines().size(), 3);
         QVERIFY(!s.exportEnabled() && d.w<QWidget>(u"Cmd_0"_s)->isEnabled());
         d.click(u"Cmd_0"_s);
@@ -158,14 +151,13 @@ private slots:
     void manyItems_data() { addBackendRows(); }
     void manyItems()
     {
-        QFETCH(QString, backend);
         QStringList rows, expected;
         for (int i = 1; i <= 205; ++i) {
             const QString item = u"I%1"_s.arg(i, 3, 10, QLatin1Char('0'));
             rows.append(u",('L1','管理员','2026-11-02 08:00','%1','%1',%2,'')"_s.arg(item).arg(i));
             expected.append(item + u"|0|%1|0|%1"_s.arg(i));
         }
-        SummaryWindow s(backend, rows.join(QString()));
+        SummaryWindow s(rowBackend(), rows.join(QString()));
         s.d.click(u"Cmd_0"_s);
         QStringList shown = s.dataLines().filter(QRegularExpression(u"^I\\d"_s));
         shown.sort();

@@ -3,6 +3,7 @@
 #include "AppConstants.h"
 #include "Kuang.h"
 #include "Settings.h"
+#include "TestContext.h"
 #include "WindowDriver.h"
 
 #include <memory>
@@ -15,6 +16,13 @@ inline void RememberLedger(Settings& settings, const QString& id, const QString&
 {
     settings.write(AppConstants::settingsApp(), QStringLiteral("FR"), QStringLiteral("0Z"), id + u'#' + name);
     settings.write(AppConstants::settingsApp(), QStringLiteral("ZBID"), QStringLiteral("FR"), id);
+}
+
+// The same, and the session has read the server's date already.
+inline void RememberLedger(TestContext& t, const QString& id, const QString& name)
+{
+    RememberLedger(t.settings, id, name);
+    t.knowServerDate();
 }
 
 // The main window, shown and active, driven as a person does.

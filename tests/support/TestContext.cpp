@@ -1,5 +1,7 @@
 #include "TestContext.h"
 
+#include "DateUtils.h"
+
 #include <QCoreApplication>
 #include <QFile>
 #include <QSet>
@@ -124,6 +126,18 @@ void addBackendRows(const QStringList& names)
         QTest::newRow(qPrintable(name)) << name;
 }
 
+void addTextColumns(std::initializer_list<const char*> names)
+{
+    for (const char* name : names)
+        QTest::addColumn<QString>(name);
+}
+
+QString rowBackend()
+{
+    QFETCH(QString, backend);
+    return backend;
+}
+
 TestContext::TestContext(const QString& backend)
     : backendName(backend), dialogs(failOnUnexpected), clock(QDate(2026, 11, 15), QTime(9, 5, 30, 250)),
       settings(dir.path() + QStringLiteral("/settings"))
@@ -143,21 +157,26 @@ QString TestContext::exec(const QString& sql)
     return result;
 }
 
-void TestContext::alter(const QStringList& statements)
+QSqlDatabase TestContext::ownConnection(const QString& name) const
 {
     const DbConfig& c = db->config();
     const bool lite = c.kind == ServerKind::Sqlite;
+    QSqlDatabase own =
+        QSqlDatabase::addDatabase(lite ? QStringLiteral("QSQLITE") : QStringLiteral("QPSQL"), name);
+    own.setHostName(c.server.plain());
+    own.setPort(c.port);
+    own.setUserName(c.user.plain());
+    own.setPassword(c.password.plain());
+    own.setDatabaseName(lite ? c.server.plain() : c.database.plain());
+    if (!own.open())
+        QTest::qFail(qPrintable(own.lastError().text()), __FILE__, __LINE__);
+    return own;
+}
+
+void TestContext::alter(const QStringList& statements)
+{
     {
-        QSqlDatabase other = QSqlDatabase::addDatabase(
-            lite ? QStringLiteral("QSQLITE") : QStringLiteral("QPSQL"), QStringLiteral("lz-alter"));
-        other.setHostName(c.server.plain());
-        other.setPort(c.port);
-        other.setUserName(c.user.plain());
-        other.setPassword(c.password.plain());
-        other.setDatabaseName(lite ? c.server.plain() : c.database.plain());
-        if (!other.open())
-            QTest::qFail(qPrintable(other.lastError().text()), __FILE__, __LINE__);
-        QSqlQuery q(other);
+        QSqlQuery q(ownConnection(QStringLiteral("lz-alter")));
         for (const QString& statement : statements)
             if (!q.exec(statement))
                 QTest::qFail(qPrintable(statement + QStringLiteral(": ") + q.lastError().text()), __FILE__,
@@ -185,6 +204,19 @@ QString TestContext::text(const QString& sql)
     for (const QStringList& row : rows(sql))
         lines.append(row.join(u'|'));
     return lines.join(u';');
+}
+
+QStringList TestContext::said()
+{
+    const QStringList texts = dialogs.texts();
+    dialogs.clear();
+    return texts;
+}
+
+void TestContext::knowServerDate()
+{
+    session.serverDateText = FormatDate(clock.today());
+    session.serverDateDay = qint16(clock.today().day());
 }
 
 void TestContext::setServerDown(bool down)

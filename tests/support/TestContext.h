@@ -8,6 +8,7 @@
 #include "Settings.h"
 #include "Shell.h"
 
+#include <QSqlDatabase>
 #include <QStringList>
 #include <QTemporaryDir>
 
@@ -25,6 +26,15 @@ QStringList backends(bool withOdbc = false);
 QStringList everyServerSetting();
 // Adds one data row per backend, with a QString column "backend".
 void addBackendRows(const QStringList& names = backends());
+// Adds a QString column of each name.
+void addTextColumns(std::initializer_list<const char*> names);
+// The backend of the data row that runs.
+QString rowBackend();
+
+// Messages that windows all over the program show.
+inline const QString kRetryText = QStringLiteral("连接服务器失败，请重试！");
+inline const QString kNoRightText = QStringLiteral("对不起，您无此权限！");
+inline const QString kNoDataText = QStringLiteral("没有符合条件的数据！");
 
 // Everything a window needs, on a fresh ledger database, with scripted dialogs, a recording shell,
 // a fixed clock (2026-11-15 09:05:30.25) and settings in a temporary folder.
@@ -36,6 +46,8 @@ public:
     AppContext context() { return {session, *db, dialogs, shell, clock, settings}; }
     // Runs a fixture statement and fails the test when it does not succeed.
     QString exec(const QString& sql);
+    // A connection of the test's own to the ledger database, as another tool opens it; removed by name.
+    QSqlDatabase ownConnection(const QString& name) const;
     // Runs statements the program never sends (schema changes, as another tool would make them) on a
     // connection of the test's own, and fails the test when one does not succeed.
     void alter(const QStringList& statements);
@@ -52,6 +64,10 @@ public:
     void pointAt(quint16 port);
     // The ledger database's address, as the program reads one (README).
     QString address() const;
+    // The texts of the dialogs shown since the last call, which forgets them.
+    QStringList said();
+    // The session has read the server's date already: the fixed clock's day.
+    void knowServerDate();
     // Adds a ledger row and opens it in the session with all rights, as after a login.
     void openLedger(const QString& id, const QString& name, const QString& item = QStringLiteral("物品"),
                     const QString& quantity = QStringLiteral("存量"),

@@ -8,7 +8,11 @@
 #include <QListWidget>
 #include <QMenu>
 #include <QPixmap>
+#include <QPlainTextEdit>
 #include <QTest>
+#include <QTimer>
+
+using namespace Qt::StringLiterals;
 
 namespace lanzhou::test {
 
@@ -42,6 +46,29 @@ QString WindowDriver::text(const QString& name) const
     if (!text.isValid())
         missing(name + QStringLiteral(" (with a text)"));
     return text.toString();
+}
+
+QString WindowDriver::state() const
+{
+    QStringList shown{m_window->windowTitle()};
+    for (QWidget* control : m_window->findChildren<QWidget*>()) {
+        const QString name = control->objectName();
+        if (name.isEmpty() || name.startsWith(u"qt_") || !control->window()->isVisible())
+            continue;
+        QString line = name + (control->isVisible() ? QString() : u" hidden"_s);
+        if (control->isVisible()) {
+            line += control->isEnabled() ? u" enabled"_s : u" disabled"_s;
+            for (const char* property : {"currentText", "text", "plainText", "checked"})
+                line += u' ' + control->property(property).toString();
+            if (auto* list = qobject_cast<QListWidget*>(control)) {
+                for (int i = 0; i < list->count(); ++i)
+                    line += u'/' + list->item(i)->text();
+                line += u" at "_s + QString::number(list->currentRow());
+            }
+        }
+        shown.append(line);
+    }
+    return shown.join(u'\n');
 }
 
 void WindowDriver::activate() const
@@ -90,15 +117,35 @@ void WindowDriver::type(const QString& boxName, const QString& text) const
 {
     activate();
     QWidget* control = w<QWidget>(boxName);
-    QLineEdit* box = qobject_cast<QLineEdit*>(control);
+    QLineEdit* line = qobject_cast<QLineEdit*>(control);
     if (auto* combo = qobject_cast<QComboBox*>(control))
-        box = combo->lineEdit();
-    if (!box)
+        line = combo->lineEdit();
+    auto* page = qobject_cast<QPlainTextEdit*>(control);
+    if (!line && !page)
         missing(boxName + QStringLiteral(" (to type into)"));
     control->setFocus();
-    box->selectAll();
+    line ? line->selectAll() : page->selectAll();
+    QWidget* box = line ? static_cast<QWidget*>(line) : page;
     QTest::keyClick(box, Qt::Key_Delete);
     typeText(box, text);
+}
+
+void WindowDriver::act(const QString& steps) const
+{
+    for (const QString& step : steps.split(u';')) {
+        const QString head = step.section(u'=', 0, 0), name = head.section(u'@', 0, 0);
+        auto* list = qobject_cast<QComboBox*>(w<QWidget>(name.section(u'/', 0, 0)));
+        if (name.contains(u'/'))
+            WindowDriver(w<QWidget>(name.section(u'/', 0, 0))).act(step.section(u'/', 1));
+        else if (head.contains(u'@'))
+            clickLine(name, head.section(u'@', 1).toInt());
+        else if (!step.contains(u'='))
+            click(name);
+        else if (list && !list->isEditable())
+            pick(name, step.section(u'=', 1));
+        else
+            type(name, step.section(u'=', 1));
+    }
 }
 
 void WindowDriver::chooseMenu(const QString& buttonName, const QString& actionName) const
@@ -127,6 +174,15 @@ void WindowDriver::doubleClickLine(const QString& listName, int row) const
     clickLine(listName, row);
     auto* list = w<QListWidget>(listName);
     QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->item(row)).center());
+}
+
+void whenModal(const std::function<void(const WindowDriver&)>& steps)
+{
+    QTimer::singleShot(0, [steps] {
+        QWidget* dialog = QApplication::activeModalWidget();
+        QVERIFY(dialog);
+        steps(WindowDriver(dialog));
+    });
 }
 
 void typeText(QWidget* field, const QString& text)
