@@ -41,7 +41,10 @@ TrendChart::TrendChart(const AppContext& context, const QString& item, QWidget* 
     auto* chart = new QChart;
     chart->setTitle(session.itemLabel() + QStringLiteral("：") + item + QStringLiteral(" · ") +
                     session.quantityLabel() + QStringLiteral("走势"));
+    // The view lets go of the chart the form made for it without deleting it.
+    QChart* formChart = ui->ChartView->chart();
     ui->ChartView->setChart(chart);
+    delete formChart;
     ui->ChartView->setRenderHint(QPainter::Antialiasing);
     // Thousands of bars come and go with every drawing: an index of the scene would cost more than it saves.
     ui->ChartView->scene()->setItemIndexMethod(QGraphicsScene::NoIndex);
