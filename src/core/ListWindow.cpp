@@ -6,6 +6,7 @@
 #include <QCloseEvent>
 #include <QFontMetrics>
 #include <QListWidget>
+#include <QPushButton>
 #include <QTimer>
 
 #include <cmath>
@@ -30,6 +31,16 @@ void ListWindow::markBusy(bool busy)
     // Closed from the next turn of the event loop, once the run that stopped has returned.
     if (!busy && m_closing)
         QTimer::singleShot(0, this, &QWidget::close);
+}
+
+void ListWindow::showBusy(bool busy, QPushButton* waitButton, std::span<QPushButton* const> commands,
+                          const QString& caption)
+{
+    markBusy(busy);
+    waitButton->setText(caption);
+    waitButton->setVisible(busy);
+    for (QPushButton* button : commands)
+        button->setEnabled(!busy);
 }
 
 void ListWindow::closeEvent(QCloseEvent* event)

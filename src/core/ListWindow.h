@@ -2,7 +2,10 @@
 
 #include <QWidget>
 
+#include <span>
+
 class QListWidget;
+class QPushButton;
 
 namespace lanzhou {
 
@@ -23,6 +26,10 @@ public:
 protected:
     bool isBusy() const { return m_busy; }
     void markBusy(bool busy);
+    // Marks the window busy or idle, shows the caption on its waiting button while busy and keeps its
+    // commands from a second click meanwhile.
+    void showBusy(bool busy, QPushButton* waitButton, std::span<QPushButton* const> commands,
+                  const QString& caption);
     // The window was closed while a run worked: the run stops at its next step and shows nothing.
     bool stopRequested() const { return m_closing; }
 

@@ -89,11 +89,7 @@ HistoryFilter ChangeHistory::currentFilter() const
 
 void ChangeHistory::setBusy(bool busy, const QString& caption)
 {
-    markBusy(busy);
-    ui->CmdWait->setText(caption);
-    ui->CmdWait->setVisible(busy);
-    for (QPushButton* button : m_cmd)
-        button->setEnabled(!busy);
+    showBusy(busy, ui->CmdWait, m_cmd, caption);
     offerRestore();
 }
 

@@ -125,11 +125,7 @@ JournalFilter MxLst::currentFilter() const
 
 void MxLst::setBusy(bool busy, const QString& caption)
 {
-    markBusy(busy);
-    ui->CmdWait->setText(caption);
-    ui->CmdWait->setVisible(busy);
-    for (QPushButton* button : m_cmd)
-        button->setEnabled(!busy);
+    showBusy(busy, ui->CmdWait, m_cmd, caption);
 }
 
 void MxLst::runCommand(int index)
